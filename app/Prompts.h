@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace quorvane {
+
+enum class Icon { None, Exclamation, Critical };
+enum class Buttons { Ok, YesNo };
+enum class Answer { Ok, Yes, No };
+
+/// A message box.
+struct Message {
+    std::string text; ///< composed, UTF-8
+    Icon icon = Icon::None;
+    int titleId = 101; ///< text number of the title, without the language offset
+    Buttons buttons = Buttons::Ok;
+};
+
+/// A dialog that asks where to save.
+struct SaveQuestion {
+    std::string filter;      ///< pairs of description and pattern, each followed by "|"
+    int filterIndex = 1;     ///< the pair chosen at first, from 1
+    bool overwritePrompt = true;
+    std::string defaultName; ///< proposed file name
+};
+
+/// Questions and messages to the operator. May serve events while it waits for the answer.
+class Prompts {
+public:
+    virtual ~Prompts() = default;
+    virtual Answer Show(const Message& message) = 0;
+    /// @return the chosen path, UTF-8, or nothing when the operator cancelled
+    [[nodiscard]] virtual std::optional<std::string> AskSaveName(const SaveQuestion& question) = 0;
+};
+
+} // namespace quorvane
