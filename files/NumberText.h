@@ -8,7 +8,8 @@
 namespace quorvane {
 
 /// Numbers to text and back, the same on every system and in every locale. All numbers are first written
-/// with at most 15 significant digits; whatever is rounded, is rounded on that decimal text, half away from zero.
+/// with at most 15 significant digits; whatever is rounded, is rounded on that decimal text, half away from
+/// zero. A value that is no number or is infinite is written as 0.
 
 /// General form: the shortest decimal text of at most 15 significant digits, "E" form for exponents below -5
 /// or above 14 ("1E-06"). Never "-0".
@@ -24,8 +25,9 @@ struct NumberPattern {
     int maxDecimals = 0;   ///< at most so many
 };
 
-/// The value in a pattern, without thousands separators and never in "E" form.
-[[nodiscard]] std::string PatternText(double value, NumberPattern pattern, std::string_view decimalSign = ".");
+/// The value in a pattern, without thousands separators, never in "E" form and never "-0".
+[[nodiscard]] std::string PatternText(double value, NumberPattern pattern,
+                                      std::string_view decimalSign = ".");
 
 /// The same two, appended to `out`: for files of many rows.
 void AppendGeneral(std::string& out, double value, std::string_view decimalSign);
@@ -36,7 +38,11 @@ void AppendPattern(std::string& out, double value, NumberPattern pattern, std::s
 /// beyond the range of a double.
 [[nodiscard]] double LeadingNumber(std::string_view text);
 
-/// The same without an exponent, as the fields of the instrument's lines are read: "1E5" gives 1.
+/// The same for files whose faults are noticed.
+/// @return nothing when the number is too large for a double; one that is too small for it gives 0
+[[nodiscard]] std::optional<double> LeadingNumberInRange(std::string_view text);
+
+/// `LeadingNumber` without an exponent, as the fields of the instrument's lines are read: "1E5" gives 1.
 [[nodiscard]] double LeadingDecimal(std::string_view text);
 
 /// Rounded to the nearest whole number, a half to the even neighbour.
