@@ -1,0 +1,103 @@
+#include "instrument/DateTimeText.h"
+
+#include <algorithm>
+#include <chrono>
+#include <string_view>
+
+namespace quorvane {
+namespace {
+
+struct Fields {
+    std::chrono::year_month_day date;
+    std::chrono::hh_mm_ss<std::chrono::seconds> time;
+};
+
+Fields FieldsOf(LocalMoment moment)
+{
+    const auto day = std::chrono::floor<std::chrono::days>(moment);
+    return {std::chrono::year_month_day(day), std::chrono::hh_mm_ss<std::chrono::seconds>(moment - day)};
+}
+
+/// At least `digits` digits.
+void AppendPadded(std::string& out, long value, std::size_t digits)
+{
+    const std::string text = std::to_string(value);
+    out.append(digits - std::min(digits, text.size()), '0');
+    out.append(text);
+}
+
+/// One letter of a pattern, `run` times in a row. Any other character is copied.
+void AppendField(std::string& out, char letter, std::size_t run, const Fields& fields,
+                 const LocaleItems& locale)
+{
+    const std::size_t digits = std::min<std::size_t>(run, 2);
+    const long hour = fields.time.hours().count();
+    switch (letter) {
+    case 'y': {
+        const int year = static_cast<int>(fields.date.year());
+        return run > 2 ? AppendPadded(out, year, 4) : AppendPadded(out, year % 100, digits);
+    }
+    case 'M':
+        return AppendPadded(out, static_cast<unsigned>(fields.date.month()), digits);
+    case 'd':
+        return AppendPadded(out, static_cast<unsigned>(fields.date.day()), digits);
+    case 'H':
+        return AppendPadded(out, hour, digits);
+    case 'h':
+        return AppendPadded(out, hour % 12 == 0 ? 12 : hour % 12, digits);
+    case 'm':
+        return AppendPadded(out, fields.time.minutes().count(), digits);
+    case 's':
+        return AppendPadded(out, fields.time.seconds().count(), digits);
+    case 't':
+        out.append(hour < 12 ? locale.MorningSign() : locale.AfternoonSign());
+        return;
+    default:
+        out.append(run, letter);
+    }
+}
+
+std::string Formatted(LocalMoment moment, std::string_view pattern, const LocaleItems& locale)
+{
+    const Fields fields = FieldsOf(moment);
+    std::string text;
+    bool quoted = false; // some countries put words between apostrophes: "d.M.yyyy 'г.'"
+    while (!pattern.empty()) {
+        const char letter = pattern[0];
+        const std::size_t run = std::min(pattern.find_first_not_of(letter), pattern.size());
+        if (letter == '\'')
+            quoted = quoted != (run % 2 == 1);
+        else if (quoted)
+            text.append(run, letter);
+        else
+            AppendField(text, letter, run, fields, locale);
+        pattern.remove_prefix(run);
+    }
+    return text;
+}
+
+} // namespace
+
+std::string SystemDateText(LocalMoment moment, const LocaleItems& locale)
+{
+    return Formatted(moment, locale.ShortDateFormat(), locale);
+}
+
+std::string SystemDateTimeText(LocalMoment moment, const LocaleItems& locale)
+{
+    return SystemDateText(moment, locale) + " " + Formatted(moment, locale.TimeFormat(), locale);
+}
+
+std::string InstrumentTimeText(LocalMoment moment)
+{
+    const Fields fields = FieldsOf(moment);
+    std::string text;
+    AppendPadded(text, fields.time.hours().count(), 2);
+    text += ':';
+    AppendPadded(text, fields.time.minutes().count(), 2);
+    text += ':';
+    AppendPadded(text, fields.time.seconds().count(), 2);
+    return text;
+}
+
+} // namespace quorvane
