@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace quorvane {
 
@@ -17,5 +18,8 @@ public:
 private:
     TableLanguage language_;
 };
+
+/// `text` with `value` in place of its first "%1", which marks where a value belongs.
+[[nodiscard]] std::string FilledIn(std::string text, std::string_view value);
 
 } // namespace quorvane

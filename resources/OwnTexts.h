@@ -1,0 +1,75 @@
+#pragma once
+
+#include "files/FileStore.h"
+#include "serial/SerialControl.h"
+
+namespace quorvane {
+
+/// Numbers of the program's own texts in the string table.
+enum OwnText : int {
+    // Why a port cannot be used, and what to do about it.
+    kPortAbsentText = 1001,
+    kPortBusyText = 1002,
+    kPortNoPermissionText = 1003,
+    kPortNotALineText = 1004,
+    kPortUnsupportedText = 1005,
+    kPortOtherText = 1006,
+
+    // Why a file cannot be read or written, and what to do about it.
+    kFileNotFoundText = 1011,
+    kFileNoPermissionText = 1012,
+    kFileNoSpaceText = 1013,
+    kFileInUseText = 1014,
+    kFileNotAFileText = 1015,
+    kFileOtherText = 1016,
+
+    // What the command line tells of a run.
+    kAlarmTwaText = 1021,
+    kAlarmStelText = 1022,
+    kAlarmCeilingText = 1023,
+    kSavedText = 1024,
+    kPortLostText = 1025,
+    kStoppedText = 1026,
+    kGivenUpText = 1027, ///< %1: seconds of silence
+};
+
+/// The number of the sentence that explains the fault to the operator.
+[[nodiscard]] constexpr int ReasonText(PortFaultKind kind)
+{
+    switch (kind) {
+    case PortFaultKind::Absent:
+        return kPortAbsentText;
+    case PortFaultKind::Busy:
+        return kPortBusyText;
+    case PortFaultKind::NoPermission:
+        return kPortNoPermissionText;
+    case PortFaultKind::NotALine:
+        return kPortNotALineText;
+    case PortFaultKind::Unsupported:
+        return kPortUnsupportedText;
+    case PortFaultKind::Other:
+        break;
+    }
+    return kPortOtherText;
+}
+
+[[nodiscard]] constexpr int ReasonText(FileFaultKind kind)
+{
+    switch (kind) {
+    case FileFaultKind::NotFound:
+        return kFileNotFoundText;
+    case FileFaultKind::NoPermission:
+        return kFileNoPermissionText;
+    case FileFaultKind::NoSpace:
+        return kFileNoSpaceText;
+    case FileFaultKind::InUse:
+        return kFileInUseText;
+    case FileFaultKind::NotAFile:
+        return kFileNotAFileText;
+    case FileFaultKind::Other:
+        break;
+    }
+    return kFileOtherText;
+}
+
+} // namespace quorvane

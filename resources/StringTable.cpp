@@ -1,0 +1,117 @@
+#include "resources/StringTable.h"
+
+#include "resources/OwnTexts.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace quorvane {
+namespace {
+
+constexpr int kEnglishAgain = 10000;
+constexpr std::string_view kValueMark = "%1";
+
+struct Entry {
+    int id;
+    std::string_view english;
+    std::string_view japanese;
+};
+
+constexpr Entry kEntries[] = {
+    {101, "Quorvane Software", "Quorvane Software"},
+    {161, "Instrument Setting", "測定器設定"},
+    {217, " is not used.", "は使用できません。"}, // stands behind the port's name
+    {218, "RS232C ERROR.", "RS-232C 通信エラーが発生しました。"},
+    {219, "All Files", "すべてのファイル"},
+    {220, "It is over the setting range. Redo setup.", "設定範囲を超えています。設定し直してください。"},
+    {221, "The setup is incorrect. Redo setup.", "設定が正しくありません。設定し直してください。"},
+    {223, "Measure Start", "計測開始"},
+    {225, "Measure End", "計測終了"},
+    {226, "Zoom On", "ズームオン"},
+    {228, "Data is not saved. Do you save?", "データが保存されていません。保存しますか？"},
+    {234, "Number of Data is zero. Redo setup.", "データ数が 0 です。設定し直してください。"},
+    {235, "Data File can not create or save.", "データファイルを作成または保存できません。"},
+    {236, "Data File can not load.", "データファイルを読み込めません。"},
+    {238, "Communication Error", "通信エラー"},
+    {264, "There is a problem in the date data. Graphical representation is not possible.",
+     "日付データに異常があります。グラフを表示できません。"},
+    {265, "There is a problem in the time data. Graphical representation is not possible.",
+     "時刻データに異常があります。グラフを表示できません。"},
+    {280, "TLV-TWA:", "TLV-TWA:"},
+    {281, "TLV-STEL:", "TLV-STEL:"},
+    {282, "TLV-C:", "TLV-C:"},
+    {294, "Alarm value (C) [mg/m3]", "警報値（C）[mg/m3]"},
+    {295, "Alarm value (STEL) [mg/m3]", "警報値（STEL）[mg/m3]"},
+    {296, "Alarm value (TWA) [mg/m3]", "警報値（TWA）[mg/m3]"},
+
+    {kPortAbsentText, "There is no such port. Connect the instrument or its adapter, or choose another port.",
+     "ポートが見つかりません。測定器または変換アダプターを接続するか、別のポートを選択してください。"},
+    {kPortBusyText, "Another program is using the port. Close it and try again.",
+     "ほかのプログラムがポートを使用しています。そのプログラムを終了してから、もう一度お試しください。"},
+    {kPortNoPermissionText,
+     "Your account may not use serial ports. On Linux, add it to the group that owns the device (often "
+     "dialout) "
+     "and log in again.",
+     "お使いのアカウントにはシリアルポートを使用する権限がありません。Linux では、デバイスを所有するグループ"
+     "（多くの場合 dialout）にアカウントを追加し、ログインし直してください。"},
+    {kPortNotALineText, "The device does not answer as a serial line. Choose another port.",
+     "このデバイスはシリアルポートとして応答しません。別のポートを選択してください。"},
+    {kPortUnsupportedText,
+     "The port cannot work with these line settings. Change the speed, data bits, parity, stop bits or flow "
+     "control in the communication settings.",
+     "ポートが現在の通信設定に対応していません。通信設定のボーレート、データビット、パリティ、"
+     "ストップビット、フロー制御を変更してください。"},
+    {kPortOtherText, "The port could not be opened. Check the cable and the adapter and try again.",
+     "ポートを開けませんでした。ケーブルと変換アダプターを確認し、もう一度お試しください。"},
+
+    {kFileNotFoundText, "The folder or the file does not exist. Choose another place.",
+     "フォルダーまたはファイルが見つかりません。別の場所を選択してください。"},
+    {kFileNoPermissionText, "Your account may not use this file or folder. Choose another place.",
+     "お使いのアカウントには、このファイルまたはフォルダーへのアクセス権限がありません。"
+     "別の場所を選択してください。"},
+    {kFileNoSpaceText, "There is no space left. Make room there or choose another place.",
+     "空き容量が不足しています。空き容量を増やすか、別の場所を選択してください。"},
+    {kFileInUseText, "Another program is using the file. Close it there and try again.",
+     "ほかのプログラムがファイルを使用しています。そのプログラムでファイルを閉じてから、"
+     "もう一度お試しください。"},
+    {kFileNotAFileText, "This is the name of a folder or a device. Choose another file name.",
+     "フォルダーまたはデバイスの名前が指定されています。別のファイル名を指定してください。"},
+    {kFileOtherText, "The file could not be read or written. Try again or choose another place.",
+     "ファイルの読み書きに失敗しました。もう一度お試しいただくか、別の場所を選択してください。"},
+
+    {kAlarmTwaText, "Alarm TLV-TWA", "警報 TLV-TWA"},
+    {kAlarmStelText, "Alarm TLV-STEL", "警報 TLV-STEL"},
+    {kAlarmCeilingText, "Alarm TLV-C", "警報 TLV-C"},
+    {kSavedText, "Saved", "保存しました"},
+    {kPortLostText, "Port lost; waiting for the instrument",
+     "ポートとの接続が失われました。測定器を待っています"},
+    {kStoppedText, "Stopped", "停止しました"},
+    {kGivenUpText, "No data from the instrument for %1 s; the run was given up",
+     "測定器から %1 秒間データが届かないため、計測を打ち切りました"},
+};
+
+static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
+                  std::ranges::end(kEntries),
+              "the look-up needs rising numbers");
+
+} // namespace
+
+std::string StringTable::Text(int id, int languageOffset) const
+{
+    const int number = id + languageOffset;
+    const bool english = number >= kEnglishAgain || language_ == TableLanguage::English;
+    const int key = number >= kEnglishAgain ? number - kEnglishAgain : number;
+    const auto* const entry = std::ranges::lower_bound(kEntries, key, {}, &Entry::id);
+    if (entry == std::ranges::end(kEntries) || entry->id != key)
+        return {};
+    return std::string(english ? entry->english : entry->japanese);
+}
+
+std::string FilledIn(std::string text, std::string_view value)
+{
+    if (const std::size_t mark = text.find(kValueMark); mark != std::string::npos)
+        text.replace(mark, kValueMark.size(), value);
+    return text;
+}
+
+} // namespace quorvane
