@@ -7,7 +7,7 @@ namespace quorvane {
 
 /// Where the program lives and which language it speaks.
 struct ProgramPlace {
-    std::string AppPath;             ///< folder of the program's own files, UTF-8, without a trailing separator
+    std::string AppPath; ///< folder of the program's own files, UTF-8, without a trailing separator
     std::int16_t LanguageOffset = 0; ///< 0 or 10000, added to every text number
 };
 
@@ -33,8 +33,8 @@ struct InstrumentProgram {
     double ProgramMeasureTimeHour = 0; ///< kept as read; nothing edits it
     double ProgramMeasureHours = 0;
     double ProgramMeasureMinutes = 0;
-    std::string ProgramStartDate; ///< as the user's system writes a short date
-    std::string ProgramStartTime; ///< hh:mm:ss
+    std::string ProgramStartDate;    ///< as the user's system writes a short date
+    std::string ProgramStartTime;    ///< hh:mm:ss
     double ProgramTotalTimeHour = 0; ///< kept as read; nothing edits it
     double ProgramTotalHours = 0;
     double ProgramTotalMinutes = 0;
@@ -51,7 +51,8 @@ struct MeasureSettings {
     double TotalSeconds = 0;
     std::int16_t BarGraphView = 0;
     std::int16_t MeasureSetting2 = 1; ///< edited by the measure settings, not saved
-    std::int16_t SamplingSeconds = 0; ///< seconds from one reading to the next, 1 to 900; has no key of its own
+    std::int16_t SamplingSeconds =
+        0; ///< seconds from one reading to the next, 1 to 900; has no key of its own
 };
 
 /// Exposure limits in mg/m3, 0.001 to 10.

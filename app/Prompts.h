@@ -19,8 +19,8 @@ struct Message {
 
 /// A dialog that asks where to save.
 struct SaveQuestion {
-    std::string filter;      ///< pairs of description and pattern, each followed by "|"
-    int filterIndex = 1;     ///< the pair chosen at first, from 1
+    std::string filter;  ///< pairs of description and pattern, each followed by "|"
+    int filterIndex = 1; ///< the pair chosen at first, from 1
     bool overwritePrompt = true;
     std::string defaultName; ///< proposed file name
 };

@@ -47,7 +47,8 @@ public:
     virtual ~SerialControl() = default;
     /// Opens `device` for this program alone, with `line` and an empty buffer, `InputLen` 0.
     /// @return why not, or nothing when it is open
-    [[nodiscard]] virtual std::optional<PortFault> Open(const PortDevice& device, const LineSettings& line) = 0;
+    [[nodiscard]] virtual std::optional<PortFault> Open(const PortDevice& device,
+                                                        const LineSettings& line) = 0;
     /// Gives up what waits to be sent. Closing a closed port does nothing.
     virtual void Close() = 0;
     /// False from the moment the loss of the device is noticed; it is closed then and stays closed.

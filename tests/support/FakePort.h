@@ -1,0 +1,114 @@
+#pragma once
+
+#include "serial/PortNames.h"
+#include "serial/SerialControl.h"
+#include "tests/support/World.h"
+
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+/// A scripted serial control in the discrete-event world. Bytes arrive when the script says so; what is sent
+/// is kept and handed to `onOutput`.
+class FakePort : public SerialControl {
+public:
+    explicit FakePort(World& world) : world_(world) {}
+
+    // The script.
+    std::optional<PortFault> openFault;
+    bool refuseOutput = false;
+    std::function<void(const std::string&)> onOutput;
+    void Deliver(World::Time delay, const std::string& bytes)
+    {
+        world_.After(delay, [this, bytes] { Arrive(bytes); });
+    }
+    void Arrive(const std::string& bytes)
+    {
+        if (open_)
+            received_ += bytes.substr(0, line.inBufferSize - std::min(line.inBufferSize, received_.size()));
+    }
+    /// The device goes away; noticed at the next look at the port, as with a real one.
+    void Vanish() { vanished_ = true; }
+
+    // What the code under test did.
+    PortDevice device;
+    LineSettings line;
+    std::vector<std::string> sent;
+    int opened = 0;
+    int inputLen = 0;
+    long reads = 0;
+    [[nodiscard]] const std::string& Waiting() const { return received_; }
+
+    std::optional<PortFault> Open(const PortDevice& toOpen, const LineSettings& settings) override
+    {
+        if (openFault)
+            return openFault;
+        device = toOpen;
+        line = settings;
+        received_.clear();
+        inputLen = 0;
+        open_ = true;
+        vanished_ = false;
+        ++opened;
+        return std::nullopt;
+    }
+    void Close() override { open_ = false; }
+    [[nodiscard]] bool IsOpen() const override { return open_; }
+    [[nodiscard]] int InBufferCount() override
+    {
+        NoticeLoss();
+        return static_cast<int>(received_.size());
+    }
+    void ClearInBuffer() override { received_.clear(); }
+    void SetInputLen(int length) override { inputLen = length; }
+    [[nodiscard]] std::string Input() override
+    {
+        ++reads;
+        NoticeLoss();
+        const std::size_t length = inputLen == 0 ? received_.size() : static_cast<std::size_t>(inputLen);
+        if (received_.size() < length)
+            return {};
+        std::string text = received_.substr(0, length);
+        received_.erase(0, length);
+        return text;
+    }
+    [[nodiscard]] bool Output(std::string_view text) override
+    {
+        NoticeLoss();
+        if (!open_ || refuseOutput)
+            return false;
+        sent.emplace_back(text);
+        if (onOutput)
+            onOutput(sent.back());
+        return true;
+    }
+
+private:
+    void NoticeLoss()
+    {
+        if (vanished_)
+            open_ = false;
+    }
+
+    World& world_;
+    std::string received_;
+    bool open_ = false;
+    bool vanished_ = false;
+};
+
+/// COMn is device "/dev/fake/n".
+class FakePortNames : public PortNames {
+public:
+    [[nodiscard]] std::optional<PortDevice> Device(int commPort) const override
+    {
+        if (commPort < kFirstComPort || commPort > kLastComPort)
+            return std::nullopt;
+        return PortDevice{"/dev/fake/" + std::to_string(commPort)};
+    }
+};
+
+} // namespace quorvane
