@@ -11,17 +11,17 @@ enum class RunState {
 };
 
 enum class RunResult {
-    Completed,       ///< all planned readings were taken
-    Stopped,         ///< by the operator, or because the program closes
-    ReadFailed,      ///< an acknowledgement or a data line failed; the readings so far stay
-    LimitsDisorder,  ///< not started: ceiling >= STEL >= TWA does not hold
-    SavedInstead,    ///< not started: the operator had earlier data to save
-    NoSamples,       ///< not started: 0 readings are planned
-    OutOfRange,      ///< not started: number of readings or interval outside its range
-    PortNotOpened,   ///< not started
-    LinkFailed,      ///< not started: the instrument did not answer the start exchange
-    StoppedAtStart,  ///< not started: stopped while the start exchange went on
-    AlreadyRunning,  ///< not started: a run is under way
+    Completed,      ///< all planned readings were taken
+    Stopped,        ///< by the operator, or because the program closes
+    ReadFailed,     ///< an acknowledgement or a data line failed; the readings so far stay
+    LimitsDisorder, ///< not started: ceiling >= STEL >= TWA does not hold
+    SavedInstead,   ///< not started: the operator had earlier data to save
+    NoSamples,      ///< not started: 0 readings are planned
+    OutOfRange,     ///< not started: number of readings or interval outside its range
+    PortNotOpened,  ///< not started
+    LinkFailed,     ///< not started: the instrument did not answer the start exchange
+    StoppedAtStart, ///< not started: stopped while the start exchange went on
+    AlreadyRunning, ///< not started: a run is under way
 };
 
 /// @return whether a run with this result has replaced the earlier readings
@@ -37,7 +37,8 @@ class RunObserver {
 public:
     virtual ~RunObserver() = default;
     virtual void StateChanged(RunState state) = 0;
-    /// The run is about to begin: chart and table make themselves ready. The earlier readings are still there.
+    /// The run is about to begin: chart and table make themselves ready. The earlier readings are still
+    /// there.
     virtual void RunPrepared() = 0;
     /// Reading `sample` (from 1) is complete: all its arrays are filled.
     virtual void SampleAdded(int sample) = 0;

@@ -21,6 +21,7 @@ public:
     // The script.
     std::optional<PortFault> openFault;
     bool refuseOutput = false;
+    bool endless = false; ///< there is always one more character
     std::function<void(const std::string&)> onOutput;
     void Deliver(World::Time delay, const std::string& bytes)
     {
@@ -61,7 +62,7 @@ public:
     [[nodiscard]] int InBufferCount() override
     {
         NoticeLoss();
-        return static_cast<int>(received_.size());
+        return static_cast<int>(endless && open_ ? line.inBufferSize : received_.size());
     }
     void ClearInBuffer() override { received_.clear(); }
     void SetInputLen(int length) override { inputLen = length; }
@@ -69,6 +70,8 @@ public:
     {
         ++reads;
         NoticeLoss();
+        if (endless && received_.empty() && inputLen == 1)
+            return "x";
         const std::size_t length = inputLen == 0 ? received_.size() : static_cast<std::size_t>(inputLen);
         if (received_.size() < length)
             return {};

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/EventPump.h"
+#include "app/LocalClock.h"
+#include "app/Prompts.h"
+#include "app/Texts.h"
+#include "app/TickTimer.h"
+#include "measure/AlarmLamps.h"
+#include "measure/InstrumentLines.h"
+#include "measure/MeasurementArrays.h"
+#include "measure/ReadingRecord.h"
+#include "measure/RunObserver.h"
+#include "measure/SimulatedReading.h"
+#include "serial/PortLink.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace quorvane {
+
+/// The readings that a run can have and the seconds between them.
+inline constexpr int kMaxSamples = 65500;
+inline constexpr int kMaxSamplingSeconds = 900;
+
+/// One measurement run: start, pacing, the polling step that takes a reading, stop. `Start` returns when the
+/// run has ended; all sampling happens in the timers' handlers while it serves events.
+class MeasurementRun {
+public:
+    struct Parts {
+        PortLink& link;
+        SerialControl& control;
+        EventPump& pump;
+        TickTimer& timer1; ///< 1000 ms while a line is awaited; the link counts its ticks
+        TickTimer& timer2; ///< paces the readings
+        TickTimer& timer3; ///< takes one reading
+        const LocalClock& clock;
+        Prompts& prompts;
+        SerialLog& log;
+        const Texts& texts;
+        RandomSource random;        ///< for simulated readings
+        std::function<void()> save; ///< the save command
+        RunObserver& observer;
+    };
+    MeasurementRun(ApplicationState& state, MeasurementArrays& arrays, Parts parts);
+
+    /// Runs one measurement with the settings of the state. Whatever prevents it is told to the operator, and
+    /// the earlier readings are kept then. However a run ends, `SampleCount` equals the readings taken.
+    RunResult Start();
+
+    /// Stops the run quietly. During the start exchange the run does not take place; during the stop exchange
+    /// that exchange is given up. Without a run it does nothing.
+    void Stop();
+
+    /// The start/stop button: starts while its caption says "Measure Start", stops otherwise.
+    void Command1Click();
+
+    /// Number of the button's caption: 223 "Measure Start" or 225 "Measure End".
+    [[nodiscard]] int Command1CaptionId() const;
+
+    /// Alarm reset: puts the lamps out and starts a new eight-hour span at the latest reading. Does nothing
+    /// before the first reading.
+    void ResetAlarms();
+
+    [[nodiscard]] RunState State() const { return runState_; }
+    [[nodiscard]] std::int32_t TakenSamples() const { return takenSamples_; }
+    [[nodiscard]] const LampsLit& Lamps() const { return lamps_.Lit(); }
+    /// Whole lines that wait behind the last one taken. 0 or 1 is normal; more means that the instrument
+    /// sends faster than the run takes.
+    [[nodiscard]] int LinesBehind() { return state_.RunMode ? lines_.Behind() : 0; }
+    /// What is known of the line that is awaited.
+    [[nodiscard]] const InstrumentLines& Lines() const { return lines_; }
+
+private:
+    using Refusal = std::optional<RunResult>;
+    [[nodiscard]] Refusal CheckLimits();
+    [[nodiscard]] Refusal AskAboutUnsavedData();
+    [[nodiscard]] Refusal CheckPlan();
+    [[nodiscard]] Refusal Connect();
+    void SetPacing();
+    void PrepareRun();
+    void SendStreamRequest();
+    void Measure();
+    [[nodiscard]] double PlannedSamples() const;
+    void Disconnect();
+    RunResult End(RunResult result);
+    void ShowCritical(std::string text, int titleId = 101);
+    void SetState(RunState state);
+    [[nodiscard]] bool ServeRun(std::chrono::milliseconds time);
+    void Cancel();
+    void Fail();
+
+    void Timer2Tick();
+    void Timer3Tick();
+    [[nodiscard]] bool TakeLine();
+    [[nodiscard]] bool MakeUpLine();
+    void CompleteSample();
+
+    ApplicationState& state_;
+    MeasurementArrays& arrays_;
+    Parts parts_;
+    InstrumentLines lines_;
+    ReadingRecord record_;
+    AlarmLamps lamps_;
+
+    RunState runState_ = RunState::Idle;
+    bool starting_ = false;
+    bool readFailed_ = false;
+    bool stopAbandoned_ = false;
+    std::int16_t CancelRequested = 0;
+    std::int32_t takenSamples_ = 0;
+    int MinuteTicks = 0;
+    int MinutesPerSample = 1;
+    std::chrono::local_days RunDate{};
+};
+
+} // namespace quorvane

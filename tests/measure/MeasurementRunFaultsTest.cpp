@@ -1,0 +1,354 @@
+#include "tests/support/RunWorld.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// What has to hold after any run, however it ended.
+void ExpectTidy(RunWorld& with)
+{
+    EXPECT_EQ(with.run.State(), RunState::Idle);
+    EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure Start");
+    EXPECT_FALSE(with.port.IsOpen());
+    EXPECT_FALSE(with.timer1.Enabled());
+    EXPECT_FALSE(with.timer2.Enabled());
+    EXPECT_FALSE(with.timer3.Enabled());
+    EXPECT_EQ(with.state.SampleCount, with.run.TakenSamples());
+    EXPECT_EQ(with.listener.samples.size(), static_cast<std::size_t>(with.state.SampleCount));
+    for (int i = 1; i <= with.state.SampleCount; ++i)
+        EXPECT_FALSE(with.arrays.ReplyLine[static_cast<std::size_t>(i)].empty()) << "an empty row " << i;
+    EXPECT_FALSE(with.run.Lines().SilentSince());
+}
+
+// ---- silence --------------------------------------------------------------------------------------------
+
+TEST(MeasurementRunFaults, WaitsForDataWithoutEnd)
+{
+    RunWorld with;
+    with.lines = {RunWorld::Line(1)};
+    int waitedSeconds = 0;
+    bool timer1On = true;
+    with.world.After(9h, [&] {
+        waitedSeconds = with.state.WaitSeconds;
+        timer1On = with.timer1.Enabled();
+        EXPECT_GT(with.world.SteadyNow() - *with.run.Lines().SilentSince(), 8h);
+        with.port.Arrive(RunWorld::Line(2));
+        with.port.Arrive(RunWorld::Line(3));
+    });
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_EQ(waitedSeconds, 21) << "the count ends once it exceeds 20";
+    EXPECT_FALSE(timer1On);
+    EXPECT_EQ(with.run.TakenSamples(), 3);
+    EXPECT_TRUE(with.prompts.messages.empty());
+    EXPECT_EQ(with.LoggedErrors(), "");
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, StopsQuietlyDuringTheWait)
+{
+    RunWorld with;
+    with.lines = {RunWorld::Line(1), "09:30:02;00"};
+    with.world.After(20s, [&] { with.run.Stop(); });
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_EQ(with.state.SampleCount, 1);
+    EXPECT_TRUE(with.prompts.messages.empty());
+    EXPECT_EQ(with.LoggedErrors(), "");
+    EXPECT_EQ(with.state.DataPresent, 1);
+    ExpectTidy(with);
+}
+
+// ---- bad lines ------------------------------------------------------------------------------------------
+
+TEST(MeasurementRunFaults, EndsWhenTheAcknowledgementIsNotSeen)
+{
+    RunWorld with;
+    with.acknowledgement = "AX\r\n";
+    with.GiveLines(3);
+    EXPECT_EQ(with.run.Start(), RunResult::ReadFailed);
+    ASSERT_EQ(with.Messages(), std::vector<std::string>{"RS232C ERROR."});
+    EXPECT_EQ(with.prompts.messages[0].icon, Icon::None);
+    EXPECT_EQ(with.prompts.messages[0].titleId, 101);
+    const std::string logged = with.LoggedErrors();
+    EXPECT_TRUE(logged.starts_with("D Command,AX\r\n09:30:01;0000012;001.250;1.2\r\n")) << logged;
+    EXPECT_TRUE(logged.ends_with(", 1001\r\n")) << logged;
+    EXPECT_EQ(with.state.SampleCount, 0);
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, EndsWhenALineStopsInTheMiddle)
+{
+    RunWorld with;
+    with.lines = {RunWorld::Line(1), "09:30:02;0000012;001.250;1.2"}; // its line end never comes
+    with.interval = 3s;
+    EXPECT_EQ(with.run.Start(), RunResult::ReadFailed);
+    EXPECT_EQ(with.Messages(), std::vector<std::string>{"RS232C ERROR."});
+    EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,09:30:02;0000012;001.250;1.2, 101\r\n");
+    EXPECT_EQ(with.state.SampleCount, 1) << "the reading before it stays";
+    EXPECT_EQ(with.arrays.MeasureTime[1], "09:30:01");
+    EXPECT_EQ(with.state.DataPresent, 1);
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, TakesALineInPiecesAtEveryByteWithAnyShortPause)
+{
+    const std::string line = RunWorld::Line(2);
+    for (const auto pause : {1ms, 16ms, 60ms, 95ms}) {
+        for (std::size_t split = 0; split <= line.size(); ++split) {
+            RunWorld with;
+            with.state.TotalSamples = 2;
+            with.lines = {RunWorld::Line(1), line.substr(0, split)};
+            with.port.onOutput = [&with, &line, split, pause,
+                                  answer = with.port.onOutput](const std::string& text) {
+                answer(text);
+                if (text == "D\r\n")
+                    with.port.Deliver(2s + pause, line.substr(split));
+            };
+            EXPECT_EQ(with.run.Start(), RunResult::Completed) << split << " " << pause.count();
+            EXPECT_EQ(with.arrays.ReplyLine[2], line) << split;
+        }
+    }
+}
+
+TEST(MeasurementRunFaults, EndsWhenAPauseInsideALineIsTooLong)
+{
+    const std::string line = RunWorld::Line(2);
+    RunWorld with;
+    with.lines = {RunWorld::Line(1), line.substr(0, 28)};
+    with.port.onOutput = [&with, &line, answer = with.port.onOutput](const std::string& text) {
+        answer(text);
+        if (text == "D\r\n")
+            with.port.Deliver(2s + 130ms, line.substr(28));
+    };
+    EXPECT_EQ(with.run.Start(), RunResult::ReadFailed);
+    EXPECT_EQ(with.LoggedErrors(), "D Command Data Read," + line.substr(0, 28) + ", 101\r\n");
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, TakesWhatEndsLikeALineWhateverStandsInIt)
+{
+    RunWorld with;
+    with.state.TotalSamples = 4;
+    with.lines = {std::string("\x01\xFF garbage") + RunWorld::Line(1), "\r\n\r\n",
+                  "09:30:02;000012;001.250;1.2\r\n",                // one byte dropped
+                  RunWorld::Line(3), "AD\r\n" + RunWorld::Line(4)}; // an acknowledgement in front is left out
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_EQ(with.arrays.MeasureTime[1], "\x01\xFF garbage09:30:01");
+    EXPECT_EQ(with.arrays.ReplyLine[2], "\r\n\r\n09:30:02;000012;001.250;1.2\r\n");
+    EXPECT_EQ(with.arrays.ReplyLine[4], RunWorld::Line(4));
+    EXPECT_EQ(with.arrays.Moment[2] - with.arrays.Moment[1], 0s) << "unreadable times stand still";
+}
+
+TEST(MeasurementRunFaults, AnInstrumentThatNeverPausesCanBeStopped)
+{
+    RunWorld with;
+    with.GiveLines(1);
+    with.world.After(5s, [&] { with.port.endless = true; });
+    long floodedPumps = 0;
+    with.world.onPump = [&](long) {
+        if (with.port.endless && ++floodedPumps == 10) {
+            with.run.Stop();
+            with.port.endless = false; // or the stop exchange would wait for a quiet line
+        }
+    };
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_EQ(with.run.TakenSamples(), 1);
+    EXPECT_EQ(with.LoggedErrors(), "");
+}
+
+// ---- the plug -------------------------------------------------------------------------------------------
+
+TEST(MeasurementRunFaults, ALostDeviceIsSilenceNotAnEnd)
+{
+    RunWorld with;
+    with.GiveLines(2);
+    with.port.onOutput = [&, answer = with.port.onOutput](const std::string& text) {
+        answer(text);
+        if (text == "D\r\n") {
+            with.port.Deliver(2500ms, "09:30:03;0000");
+            with.world.After(2600ms, [&] { with.port.Vanish(); });
+        }
+    };
+    long readsAtLoss = -1;
+    with.world.After(10s, [&] {
+        EXPECT_TRUE(with.run.Lines().PortLost());
+        readsAtLoss = with.port.reads;
+    });
+    with.world.After(1h, [&] {
+        EXPECT_EQ(with.port.reads, readsAtLoss) << "a port that is gone is not read";
+        with.run.Stop();
+    });
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,09:30:03;0000, 0\r\n") << "one record";
+    EXPECT_TRUE(with.prompts.messages.empty());
+    EXPECT_EQ(with.run.TakenSamples(), 2);
+    EXPECT_EQ(with.port.sent.size(), 3U) << "no stop exchange without a port";
+    EXPECT_LT(with.world.Elapsed(), 1h + 1s);
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, LinesThatCameBeforeTheLossAreTaken)
+{
+    RunWorld with;
+    with.state.TotalSamples = 10;
+    with.port.onOutput = [&, answer = with.port.onOutput](const std::string& text) {
+        answer(text);
+        if (text == "D\r\n") {
+            // Three lines at once, the last one of three fields: too few bytes for the threshold, and yet
+            // whole.
+            with.port.Deliver(1s, RunWorld::Line(1) + RunWorld::Line(2) + "09:30:03;0000012;001.250\r\n");
+            with.world.After(1100ms, [&] { with.port.Vanish(); });
+        }
+    };
+    with.world.After(1min, [&] { with.run.Stop(); });
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_EQ(with.arrays.MeasureTime[3], "09:30:03");
+    EXPECT_EQ(with.run.TakenSamples(), 3);
+    EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,, 0\r\n");
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, LossInTheMiddleOfALineDropsItsPart)
+{
+    RunWorld with;
+    with.lines = {RunWorld::Line(1), RunWorld::Line(2).substr(0, 28)};
+    with.world.onPump = [&](long) {
+        if (with.port.Waiting().empty() && with.state.SampleCount == 2 && with.world.Elapsed() > 4s &&
+            with.port.reads > 60)
+            with.port.Vanish();
+    };
+    with.world.After(30s, [&] { with.run.Stop(); });
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_TRUE(with.LoggedErrors().starts_with("D Command Data Read,09:30:02;0000012;001.250;1.2, "))
+        << with.LoggedErrors();
+    EXPECT_EQ(with.run.TakenSamples(), 1);
+    EXPECT_TRUE(with.prompts.messages.empty());
+    ExpectTidy(with);
+}
+
+// ---- the end of a run -----------------------------------------------------------------------------------
+
+TEST(MeasurementRunFaults, AFailedStopExchangeIsOnlyLogged)
+{
+    RunWorld with;
+    with.GiveLines(3);
+    with.listener.onSample = [&](int) { with.answersLinkChecks = false; };
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_EQ(with.LoggedErrors(), "N Command,, 101\r\n");
+    EXPECT_TRUE(with.prompts.messages.empty());
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, ASecondStopAbandonsTheStopExchange)
+{
+    RunWorld with;
+    with.GiveLines(3);
+    World::Time second{};
+    with.listener.onSample = [&](int sample) {
+        if (sample != 2)
+            return;
+        with.run.Stop();
+        with.world.After(300ms, [&] {
+            EXPECT_EQ(with.run.State(), RunState::Stopping);
+            second = with.world.Elapsed();
+            with.run.Stop();
+        });
+    };
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_LE(with.world.Elapsed() - second, 20ms);
+    EXPECT_EQ(with.LoggedErrors(), "");
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, AMessageBoxThatHoldsTheLoopLosesNothing)
+{
+    for (const bool withInstrument : {true, false}) {
+        RunWorld with;
+        with.state.RunMode = withInstrument;
+        with.state.TotalSamples = 5;
+        with.GiveLines(20);
+        bool shown = false;
+        with.world.onPump = [&](long) {
+            if (with.run.State() != RunState::Measuring || shown)
+                return;
+            shown = true; // a box that stays open for a minute, far beyond the planned end
+            for (int i = 0; i < 600; ++i)
+                static_cast<void>(with.world.Serve(100ms));
+        };
+        EXPECT_EQ(with.run.Start(), RunResult::Completed);
+        EXPECT_EQ(with.listener.samples, (std::vector<int>{1, 2, 3, 4, 5}));
+        ExpectTidy(with);
+    }
+}
+
+// ---- anything, at any time ------------------------------------------------------------------------------
+
+struct Interruption {
+    std::string_view what;
+    std::function<void(RunWorld&)> happen;
+};
+
+TEST(MeasurementRunFaults, SurvivesAnythingAtAnyPump)
+{
+    const Interruption interruptions[] = {
+        {"stop", [](RunWorld& with) { with.run.Stop(); }},
+        {"two stops",
+         [](RunWorld& with) {
+             with.run.Stop();
+             with.run.Stop();
+         }},
+        {"start", [](RunWorld& with) { EXPECT_EQ(with.run.Start(), RunResult::AlreadyRunning); }},
+        {"close", [](RunWorld& with) { with.world.Close(); }},
+        {"send", [](RunWorld& with) { EXPECT_FALSE(with.link.CheckInstrument()); }},
+        {"hang-up",
+         [](RunWorld& with) {
+             with.port.Vanish();
+             with.world.After(5s, [&with] { with.run.Stop(); });
+         }},
+        {"bytes", [](RunWorld& with) { with.port.Arrive("\x02noise"); }},
+        {"alarm reset", [](RunWorld& with) { with.run.ResetAlarms(); }},
+        {"a message box",
+         [](RunWorld& with) {
+             for (int i = 0; i < 30; ++i)
+                 static_cast<void>(with.world.Serve(100ms));
+         }},
+    };
+    for (const Interruption& interruption : interruptions) {
+        for (long k = 1;; ++k) {
+            SCOPED_TRACE(std::string(interruption.what) + " at pump " + std::to_string(k));
+            RunWorld with;
+            with.world.pumpLimit = 4000;
+            with.state.TotalSamples = 2;
+            with.GiveLines(10);
+            bool happened = false;
+            with.world.onPump = [&](long pump) {
+                if (pump == k && !happened) {
+                    happened = true;
+                    interruption.happen(with);
+                }
+            };
+            const RunResult result = with.run.Start();
+            if (!happened) {
+                EXPECT_GT(k, 400) << "the sweep went through the whole run";
+                EXPECT_EQ(result, RunResult::Completed);
+                break;
+            }
+            if (!RunTookPlace(result)) {
+                EXPECT_TRUE(with.arrays.ReplyLine.empty());
+                EXPECT_FALSE(with.port.IsOpen());
+                EXPECT_EQ(with.run.State(), RunState::Idle);
+                continue;
+            }
+            EXPECT_EQ(with.state.DataPresent, 1);
+            ExpectTidy(with);
+            if (result == RunResult::Completed) {
+                EXPECT_EQ(with.run.TakenSamples(), 2);
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace quorvane

@@ -1,0 +1,338 @@
+#include "tests/support/RunWorld.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace quorvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+// ---- what a run does ------------------------------------------------------------------------------------
+
+TEST(MeasurementRun, TakesThePlannedReadingsFromTheInstrument)
+{
+    RunWorld with;
+    with.lines = {"09:30:01;0000012;001.250;1.2\r\n", "09:30:02;0000020;003.000;1.2\r\n",
+                  "09:30:03;-000001;-00.500;1.2\r\n"};
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+
+    const MeasurementArrays& arrays = with.arrays;
+    EXPECT_EQ(arrays.MeasureTime, (std::vector<std::string>{"", "09:30:01", "09:30:02", "09:30:03"}));
+    EXPECT_EQ(arrays.CountValue, (std::vector<double>{0, 12, 20, 0}));
+    EXPECT_EQ(arrays.ConcValue, (std::vector<double>{0, 1.25, 3, 0}));
+    EXPECT_EQ(arrays.DerivedValueA, (std::vector<double>{0, 1.25, 2.125, 4.25 / 3}));
+    EXPECT_EQ(arrays.DerivedValueB, (std::vector<double>{0, 1.25, 2.125, 4.25 / 3}));
+    EXPECT_EQ(arrays.IntegratedCount, (std::vector<double>{0, 12, 32, 32}));
+    EXPECT_EQ(arrays.IntegratedConc, (std::vector<double>{0, 1.25, 4.25, 4.25}));
+    EXPECT_EQ(arrays.ExtraField[1], "1.2");
+    EXPECT_EQ(arrays.ReplyLine[2], with.lines[1]) << "the line is kept whole";
+
+    // Start exchange (two N), D, stop exchange (two N).
+    EXPECT_EQ(with.port.sent, (std::vector<std::string>{"N\r\n", "N\r\n", "D\r\n", "N\r\n", "N\r\n"}));
+    EXPECT_FALSE(with.port.IsOpen());
+    EXPECT_EQ(with.state.SampleCount, 3);
+    EXPECT_EQ(with.state.DataPresent, 1);
+    EXPECT_EQ(with.state.DataSaved, 0);
+    EXPECT_EQ(with.listener.samples, (std::vector<int>{1, 2, 3}));
+    EXPECT_EQ(with.listener.states,
+              (std::vector<RunState>{RunState::Preparing, RunState::Starting, RunState::Measuring,
+                                     RunState::Stopping, RunState::Idle}));
+    EXPECT_TRUE(with.prompts.messages.empty());
+    EXPECT_EQ(with.LoggedErrors(), "");
+}
+
+TEST(MeasurementRun, SimulatesWithoutAnInstrument)
+{
+    RunWorld with;
+    with.state.RunMode = false;
+    with.state.TotalSamples = 12;
+    with.nextRandom = 0.999;
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_TRUE(with.port.sent.empty());
+    EXPECT_EQ(with.port.opened, 0);
+    EXPECT_EQ(with.arrays.CountValue[1], 4);
+    EXPECT_EQ(with.arrays.ConcValue[10], 3.996) << "below 4 for the first ten";
+    EXPECT_EQ(with.arrays.ConcValue[11], 5.994) << "below 6 after that";
+    EXPECT_EQ(with.arrays.ExtraField[12], "1.2");
+    EXPECT_EQ(with.arrays.MeasureTime[1], "09:30:01");
+    EXPECT_GE(with.world.Elapsed(), 12s);
+    EXPECT_LE(with.world.Elapsed(), 12100ms);
+}
+
+TEST(MeasurementRun, PacesLongIntervals)
+{
+    RunWorld with;
+    with.state.RunMode = false;
+    with.state.SamplingSeconds = 150; // two ticks of a minute, then 30 s
+    with.state.TotalSamples = 4;
+    std::vector<World::Time> taken;
+    with.listener.onSample = [&](int) { taken.push_back(with.world.Elapsed()); };
+    with.run.Start();
+    EXPECT_EQ(taken, (std::vector<World::Time>{150s, 300s, 450s, 600s}));
+}
+
+TEST(MeasurementRun, KeepsUpWithTheInstrument)
+{
+    RunWorld with;
+    with.state.TotalSamples = 3600;
+    with.GiveLines(29 * 60);
+    with.lines.resize(3600, RunWorld::Line(1740));
+    int mostBehind = 0;
+    with.listener.onSample = [&](int) { mostBehind = std::max(mostBehind, with.run.LinesBehind()); };
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_LE(mostBehind, 1);
+    EXPECT_EQ(with.run.TakenSamples(), 3600);
+}
+
+TEST(MeasurementRun, KnowsHowManyLinesWait)
+{
+    RunWorld with;
+    with.state.TotalSamples = 12;
+    with.interval = 300ms; // three times as fast as the run takes them
+    with.GiveLines(12);
+    std::vector<int> behind;
+    with.listener.onSample = [&](int) { behind.push_back(with.run.LinesBehind()); };
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_EQ(with.arrays.MeasureTime[12], "09:30:12") << "they are all taken, in order";
+    EXPECT_GE(*std::max_element(behind.begin(), behind.end()), 6);
+    EXPECT_EQ(behind.back(), 0);
+}
+
+TEST(MeasurementRun, TakesALineOfThreeFieldsWhenTheNextOneArrives)
+{
+    RunWorld with;
+    for (int second = 1; second <= 3; ++second)
+        with.lines.push_back("09:30:0" + std::to_string(second) + ";0000012;001.250\r\n");
+    with.world.After(1min, [&] { with.run.Stop(); });
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_EQ(with.run.TakenSamples(), 2) << "26 bytes are fewer than the 28 that are waited for";
+    EXPECT_EQ(with.arrays.ExtraField[1], "");
+    EXPECT_EQ(with.arrays.ConcValue[1], 1.25);
+}
+
+TEST(MeasurementRun, LightsLampsUntilTheResetOrTheNextRun)
+{
+    RunWorld with;
+    with.state.CAlarm = with.state.StelAlarm = with.state.TwaAlarm = 2;
+    with.lines = {RunWorld::Line(1, "001.000"), RunWorld::Line(2, "002.000"), RunWorld::Line(3, "000.000")};
+    with.run.ResetAlarms(); // before any reading: nothing
+    with.run.Start();
+    EXPECT_EQ(with.listener.lit, std::vector<Lamp>{Lamp::Ceiling}) << "once, although it stays lit";
+    EXPECT_TRUE(with.run.Lamps().ceiling);
+    with.run.ResetAlarms();
+    EXPECT_FALSE(with.run.Lamps().ceiling);
+
+    with.state.DataSaved = 1;
+    with.run.Start();
+    EXPECT_TRUE(with.run.Lamps().ceiling);
+    with.state.DataSaved = 1;
+    with.lines = {RunWorld::Line(1), RunWorld::Line(2), RunWorld::Line(3)};
+    with.run.Start();
+    EXPECT_FALSE(with.run.Lamps().ceiling) << "a start puts them out";
+}
+
+TEST(MeasurementRun, ResetDuringTheWaitForALineUsesTheReadingBefore)
+{
+    RunWorld with;
+    with.state.SamplingSeconds = 60;
+    with.state.TotalSamples = 1000;
+    with.state.TwaAlarm = 2;
+    with.interval = 61s; // so that each line is waited for
+    // STEL at the limit for 20 readings, far below for 80: an excursion each 100 minutes.
+    for (int minute = 0; minute < 1000; ++minute) {
+        const int time = 9 * 60 + 31 + minute;
+        const auto two = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
+        with.lines.push_back(two(time / 60 % 24) + ":" + two(time % 60) + ":00;0000012;" +
+                             (minute % 100 < 20 ? "009.000" : "000.000") + ";1.2\r\n");
+    }
+    bool resetDone = false;
+    with.world.onPump = [&](long) {
+        const bool awaiting = with.run.Lines().SilentSince().has_value();
+        if (awaiting && !resetDone && with.run.TakenSamples() == 390) {
+            resetDone = true; // a 5th excursion would come at minute 415, in the same eight hours
+            with.run.ResetAlarms();
+        }
+    };
+    std::vector<int> stelAt;
+    with.listener.onSample = [&](int sample) {
+        if (with.run.Lamps().stel)
+            stelAt.push_back(sample);
+    };
+    with.run.Start();
+    EXPECT_TRUE(resetDone);
+    // Without the reset the fifth excursion (reading 401 on) lights the lamp. With it the span begins again
+    // at reading 390 and ends behind minute 870; excursions 401, 501, 601, 701, 801 are five in it.
+    ASSERT_FALSE(stelAt.empty());
+    EXPECT_GT(stelAt.front(), 800);
+    EXPECT_LT(stelAt.front(), 810);
+}
+
+TEST(MeasurementRun, GoesOnOverMidnight)
+{
+    RunWorld with(std::chrono::local_days(std::chrono::year(2024) / 2 / 28) + 23h + 59min + 57s);
+    with.state.TotalSamples = 4;
+    with.lines = {"23:59:59;0000012;001.250;1.2\r\n", "00:00:00;0000012;001.250;1.2\r\n",
+                  "00:00:01;0000012;001.250;1.2\r\n", "00:00:02;0000012;001.250;1.2\r\n"};
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    for (std::size_t i = 2; i <= 4; ++i)
+        EXPECT_EQ(with.arrays.Moment[i] - with.arrays.Moment[i - 1], 1s) << i;
+    EXPECT_TRUE(with.listener.lit.empty());
+}
+
+// ---- what keeps a run from starting ---------------------------------------------------------------------
+
+TEST(MeasurementRun, RefusesLimitsThatAreOutOfOrder)
+{
+    struct Row {
+        double twa, stel, ceiling;
+        bool starts;
+    };
+    for (const Row& row :
+         {Row{1, 1, 1, true}, Row{1, 2, 3, true}, Row{2, 1, 3, false}, Row{1, 3, 2, false}}) {
+        RunWorld with;
+        with.GiveLines(3);
+        with.state.TwaAlarm = row.twa;
+        with.state.StelAlarm = row.stel;
+        with.state.CAlarm = row.ceiling;
+        with.state.DataPresent = 1; // unsaved data is not even asked about
+        with.prompts.answers = {Answer::No};
+        const RunResult result = with.run.Start();
+        EXPECT_EQ(result == RunResult::Completed, row.starts);
+        if (row.starts)
+            continue;
+        EXPECT_EQ(result, RunResult::LimitsDisorder);
+        ASSERT_EQ(with.prompts.messages.size(), 1U);
+        EXPECT_EQ(with.prompts.messages[0].text,
+                  "It is over the setting range. Redo setup.\r\n\r\nTLV-C: > TLV-STEL: > TLV-TWA:");
+        EXPECT_EQ(with.prompts.messages[0].icon, Icon::Critical);
+        EXPECT_EQ(with.prompts.messages[0].titleId, 161) << "another dialog's title, on purpose";
+        EXPECT_TRUE(with.listener.states.empty());
+    }
+}
+
+TEST(MeasurementRun, AsksAboutUnsavedDataBeforeItIsLost)
+{
+    RunWorld with;
+    with.GiveLines(3);
+    ASSERT_EQ(with.run.Start(), RunResult::Completed);
+
+    with.prompts.answers = {Answer::Yes};
+    EXPECT_EQ(with.run.Start(), RunResult::SavedInstead);
+    EXPECT_EQ(with.saves, 1);
+    ASSERT_EQ(with.Messages(), std::vector<std::string>{"Data is not saved. Do you save?"});
+    EXPECT_EQ(with.prompts.messages[0].icon, Icon::Critical);
+    EXPECT_EQ(with.prompts.messages[0].buttons, Buttons::YesNo);
+    EXPECT_EQ(with.run.TakenSamples(), 3);
+
+    with.prompts.answers = {Answer::No};
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_EQ(with.prompts.messages.size(), 2U);
+
+    with.state.DataSaved = 1;
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_EQ(with.prompts.messages.size(), 2U) << "saved data needs no question";
+    EXPECT_EQ(with.state.DataSaved, 0) << "but the run after it does";
+    with.prompts.answers = {Answer::Yes};
+    EXPECT_EQ(with.run.Start(), RunResult::SavedInstead);
+    EXPECT_EQ(with.prompts.messages.size(), 3U);
+}
+
+TEST(MeasurementRun, RefusesAPlanThatCannotBe)
+{
+    struct Row {
+        double total;
+        std::int16_t seconds;
+        RunResult result;
+        std::string_view message;
+    };
+    const Row rows[] = {
+        {0, 1, RunResult::NoSamples, "Number of Data is zero. Redo setup."},
+        {-1, 1, RunResult::OutOfRange, "It is over the setting range. Redo setup.(1-65500)"},
+        {0.5, 1, RunResult::OutOfRange, "It is over the setting range. Redo setup.(1-65500)"},
+        {2.5, 1, RunResult::OutOfRange, "It is over the setting range. Redo setup.(1-65500)"},
+        {65501, 1, RunResult::OutOfRange, "It is over the setting range. Redo setup.(1-65500)"},
+        {std::nan(""), 1, RunResult::OutOfRange, "It is over the setting range. Redo setup.(1-65500)"},
+        {3, 0, RunResult::OutOfRange, "It is over the setting range. Redo setup.(1-900)"},
+        {3, 901, RunResult::OutOfRange, "It is over the setting range. Redo setup.(1-900)"},
+        {3, -1, RunResult::OutOfRange, "It is over the setting range. Redo setup.(1-900)"},
+    };
+    for (const Row& row : rows) {
+        RunWorld with;
+        with.state.TotalSamples = row.total;
+        with.state.SamplingSeconds = row.seconds;
+        EXPECT_EQ(with.run.Start(), row.result);
+        ASSERT_EQ(with.prompts.messages.size(), 1U);
+        EXPECT_EQ(with.prompts.messages[0].text, row.message);
+        EXPECT_EQ(with.prompts.messages[0].icon, Icon::Critical);
+        EXPECT_EQ(with.run.State(), RunState::Idle);
+        EXPECT_EQ(with.port.opened, 0);
+        EXPECT_EQ(with.listener.results, std::vector<RunResult>{row.result});
+    }
+}
+
+/// A run of three readings whose data is saved, so that the next start asks nothing.
+void TakeEarlierData(RunWorld& with)
+{
+    with.GiveLines(3);
+    ASSERT_EQ(with.run.Start(), RunResult::Completed);
+    with.state.DataSaved = 1;
+    with.listener = {};
+}
+
+void ExpectEarlierDataKept(const RunWorld& with)
+{
+    EXPECT_EQ(with.state.SampleCount, 3);
+    EXPECT_EQ(with.arrays.MeasureTime[3], "09:30:03");
+    EXPECT_EQ(with.state.DataPresent, 1);
+    EXPECT_EQ(with.state.DataSaved, 1);
+    EXPECT_EQ(with.run.State(), RunState::Idle);
+    EXPECT_FALSE(with.port.IsOpen());
+    EXPECT_FALSE(with.timer1.Enabled() || with.timer2.Enabled() || with.timer3.Enabled());
+}
+
+TEST(MeasurementRun, KeepsEarlierDataWhenItCannotStart)
+{
+    RunWorld with;
+    TakeEarlierData(with);
+
+    with.port.openFault = PortFault{PortFaultKind::Absent, ""};
+    EXPECT_EQ(with.run.Start(), RunResult::PortNotOpened);
+    EXPECT_EQ(with.Messages(), std::vector<std::string>{"COM1 is not used."});
+    ExpectEarlierDataKept(with);
+
+    with.port.openFault.reset();
+    with.answersLinkChecks = false;
+    EXPECT_EQ(with.run.Start(), RunResult::LinkFailed);
+    EXPECT_EQ(with.Messages().back(), "RS232C ERROR.");
+    EXPECT_EQ(with.LoggedErrors(), "N Command,, 101\r\n");
+    ExpectEarlierDataKept(with);
+
+    with.answersLinkChecks = true;
+    const auto sentBefore = with.port.sent.size();
+    with.world.After(1s, [&] { with.run.Stop(); });
+    EXPECT_EQ(with.run.Start(), RunResult::StoppedAtStart);
+    EXPECT_EQ(with.Messages().size(), 2U) << "stopped silently";
+    EXPECT_EQ(with.port.sent.size(), sentBefore + 1) << "one N, no D";
+    ExpectEarlierDataKept(with);
+}
+
+TEST(MeasurementRun, TheButtonStartsAndStops)
+{
+    RunWorld with;
+    with.GiveLines(3);
+    EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure Start");
+    with.listener.onSample = [&](int sample) {
+        EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure End");
+        EXPECT_EQ(with.run.Start(), RunResult::AlreadyRunning);
+        if (sample == 2)
+            with.run.Command1Click();
+    };
+    with.run.Command1Click();
+    EXPECT_EQ(with.listener.results, std::vector<RunResult>{RunResult::Stopped});
+    EXPECT_EQ(with.state.SampleCount, 2);
+    EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure Start");
+}
+
+} // namespace
+} // namespace quorvane
