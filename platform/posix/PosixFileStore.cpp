@@ -1,0 +1,242 @@
+#include "platform/posix/PosixFileStore.h"
+
+#include "platform/posix/FileDescriptor.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace quorvane {
+
+namespace {
+
+using Path = std::filesystem::path;
+using Fault = std::optional<FileFault>;
+
+FileFault FaultOf(int error)
+{
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return {FileFaultKind::NotFound, ReasonOf(error)};
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return {FileFaultKind::NoPermission, ReasonOf(error)};
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return {FileFaultKind::NoSpace, ReasonOf(error)};
+    case EBUSY:
+    case ETXTBSY:
+        return {FileFaultKind::InUse, ReasonOf(error)};
+    case EISDIR:
+    case ENXIO: // a pipe that nobody reads
+        return {FileFaultKind::NotAFile, ReasonOf(error)};
+    default:
+        return {FileFaultKind::Other, ReasonOf(error)};
+    }
+}
+
+FileFault NotAFile(const struct stat& status)
+{
+    return {FileFaultKind::NotAFile, S_ISDIR(status.st_mode) ? ReasonOf(EISDIR) : "Not a regular file"};
+}
+
+/// Opens a regular file. Never waits, as opening a pipe would.
+Fault OpenRegular(const std::string& path, int flags, FileDescriptor& file, struct stat& status)
+{
+    FileDescriptor opened = OpenDescriptor(path, flags | O_NONBLOCK | O_NOCTTY, 0666);
+    if (!opened.IsOpen() || ::fstat(opened.Get(), &status) != 0)
+        return FaultOf(errno);
+    if (!S_ISREG(status.st_mode))
+        return NotAFile(status);
+    file = std::move(opened);
+    return std::nullopt;
+}
+
+Fault WriteAll(const FileDescriptor& file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = ::write(file.Get(), bytes.data(), bytes.size());
+        if (count > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        else if (count == 0)
+            return FaultOf(ENOSPC);
+        else if (errno != EINTR)
+            return FaultOf(errno);
+    }
+    return std::nullopt;
+}
+
+int Flush(const FileDescriptor& file)
+{
+    int result = 0;
+    do
+        result = ::fsync(file.Get());
+    while (result != 0 && errno == EINTR);
+    return result == 0 || errno == EINVAL ? 0 : errno; // EINVAL: a file system that has nothing to flush to
+}
+
+/// The file that a path leads to through symbolic links, whether it exists or not.
+Fault FollowLinks(Path& path)
+{
+    constexpr int kMostLinks = 40;
+    for (int links = 0; links < kMostLinks; ++links) {
+        std::error_code error;
+        const Path next = std::filesystem::read_symlink(path, error);
+        if (error)
+            return std::nullopt;
+        path = path.parent_path() / next;
+    }
+    return FaultOf(ELOOP);
+}
+
+/// A new file beside the one that it is to replace; removed unless it was kept.
+class TemporaryFile {
+public:
+    TemporaryFile() = default;
+    ~TemporaryFile()
+    {
+        if (!path_.empty())
+            ::unlink(path_.c_str());
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    Fault Create(const Path& folder, unsigned mode)
+    {
+        static std::atomic<unsigned> counter{0};
+        constexpr int kMostNames = 1000; // left by a crash, under process numbers that come round again
+        for (int i = 0; i < kMostNames; ++i) {
+            const std::string name =
+                ".quorvane-" + std::to_string(::getpid()) + '-' + std::to_string(counter++) + ".tmp";
+            const std::string path = (folder / name).string();
+            file_ = OpenDescriptor(path, O_WRONLY | O_CREAT | O_EXCL, mode);
+            if (file_.IsOpen()) {
+                path_ = path;
+                return std::nullopt;
+            }
+            if (errno != EEXIST)
+                break;
+        }
+        return FaultOf(errno);
+    }
+
+    /// As the old file; the owner only where the user may give files away.
+    Fault TakeOver(const struct stat& old)
+    {
+        [[maybe_unused]] const int owner = ::fchown(file_.Get(), old.st_uid, old.st_gid);
+        struct stat made {};
+        if (::fstat(file_.Get(), &made) != 0)
+            return FaultOf(errno);
+        // A file system without modes gives both the same one and may refuse to set any.
+        if (made.st_mode == old.st_mode || ::fchmod(file_.Get(), old.st_mode & 07777) == 0)
+            return std::nullopt;
+        return FaultOf(errno);
+    }
+
+    Fault Write(std::string_view bytes)
+    {
+        if (Fault fault = WriteAll(file_, bytes))
+            return fault;
+        if (const int error = Flush(file_))
+            return FaultOf(error);
+        const int error = file_.Close();
+        return error == 0 ? Fault{} : FaultOf(error);
+    }
+
+    Fault RenameTo(const Path& target)
+    {
+        if (::rename(path_.c_str(), target.c_str()) != 0)
+            return FaultOf(errno);
+        path_.clear();
+        return std::nullopt;
+    }
+
+private:
+    FileDescriptor file_;
+    std::string path_;
+};
+
+} // namespace
+
+bool PosixFileStore::Exists(const std::string& path) const
+{
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0;
+}
+
+Fault PosixFileStore::ReadWhole(const std::string& path, std::string& bytes) const
+{
+    bytes.clear();
+    FileDescriptor file;
+    struct stat status {};
+    if (Fault fault = OpenRegular(path, O_RDONLY, file, status))
+        return fault;
+    bytes.reserve(static_cast<std::size_t>(status.st_size));
+    std::array<char, 65536> block;
+    for (;;) {
+        const ssize_t count = ::read(file.Get(), block.data(), block.size());
+        if (count == 0)
+            return std::nullopt;
+        if (count > 0) {
+            bytes.append(block.data(), static_cast<std::size_t>(count));
+        } else if (errno != EINTR) {
+            const int error = errno;
+            bytes.clear();
+            return FaultOf(error);
+        }
+    }
+}
+
+Fault PosixFileStore::Append(const std::string& path, std::string_view bytes)
+{
+    FileDescriptor file;
+    struct stat status {};
+    if (Fault fault = OpenRegular(path, O_WRONLY | O_APPEND | O_CREAT, file, status))
+        return fault;
+    if (Fault fault = WriteAll(file, bytes))
+        return fault;
+    const int error = file.Close();
+    return error == 0 ? Fault{} : FaultOf(error);
+}
+
+Fault PosixFileStore::Replace(const std::string& path, std::string_view bytes)
+{
+    Path target = path;
+    if (Fault fault = FollowLinks(target))
+        return fault;
+    if (!target.has_filename())
+        return FaultOf(path.empty() ? ENOENT : EISDIR);
+    struct stat old {};
+    const bool replaces = ::stat(target.c_str(), &old) == 0;
+    if (replaces && !S_ISREG(old.st_mode))
+        return NotAFile(old);
+    if (replaces && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
+        return FaultOf(errno); // renaming would get round the file's write protection
+    const Path folder = target.has_parent_path() ? target.parent_path() : Path(".");
+
+    TemporaryFile beside;
+    if (Fault fault = beside.Create(folder, replaces ? 0600 : 0666))
+        return fault;
+    if (replaces) {
+        if (Fault fault = beside.TakeOver(old))
+            return fault;
+    }
+    if (Fault fault = beside.Write(bytes))
+        return fault;
+    if (Fault fault = beside.RenameTo(target))
+        return fault;
+    // The new file is in place whatever this gives; it only makes the renaming itself outlast a power cut.
+    Flush(OpenDescriptor(folder.string(), O_RDONLY | O_DIRECTORY));
+    return std::nullopt;
+}
+
+} // namespace quorvane

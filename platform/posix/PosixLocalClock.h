@@ -1,0 +1,16 @@
+#pragma once
+
+#include "app/LocalClock.h"
+
+namespace quorvane {
+
+class PosixLocalClock final : public LocalClock {
+public:
+    [[nodiscard]] LocalMoment Now() const override;
+    [[nodiscard]] std::chrono::steady_clock::time_point SteadyNow() const override
+    {
+        return std::chrono::steady_clock::now();
+    }
+};
+
+} // namespace quorvane

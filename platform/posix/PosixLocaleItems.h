@@ -1,0 +1,19 @@
+#pragma once
+
+#include "app/LocaleItems.h"
+
+namespace quorvane {
+
+/// The user's regional settings as the environment names them (LC_ALL, LC_TIME, LC_NUMERIC, LC_MESSAGES,
+/// LANG). The process's own locale is neither read nor changed.
+class PosixLocaleItems final : public LocaleItems {
+public:
+    [[nodiscard]] std::string DecimalSign() const override;
+    [[nodiscard]] std::string ShortDateFormat() const override;
+    [[nodiscard]] std::string TimeFormat() const override;
+    [[nodiscard]] std::string MorningSign() const override;
+    [[nodiscard]] std::string AfternoonSign() const override;
+    [[nodiscard]] std::string SystemLanguageName() const override;
+};
+
+} // namespace quorvane

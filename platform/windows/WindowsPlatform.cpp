@@ -1,0 +1,77 @@
+#include "platform/Platform.h"
+#include "platform/windows/WideText.h"
+#include "platform/windows/WindowsCodePage.h"
+#include "platform/windows/WindowsFileStore.h"
+#include "platform/windows/WindowsLocalClock.h"
+#include "platform/windows/WindowsLocaleItems.h"
+#include "platform/windows/WindowsPortNames.h"
+#include "platform/windows/WindowsPortProbe.h"
+#include "platform/windows/WindowsSerialControl.h"
+
+#include <windows.h>
+
+namespace quorvane {
+
+namespace {
+
+bool IsConsole(DWORD standardHandle)
+{
+    DWORD mode = 0;
+    return ::GetConsoleMode(::GetStdHandle(standardHandle), &mode) != FALSE;
+}
+
+} // namespace
+
+Platform MakePlatform()
+{
+    return {
+        .serial = std::make_unique<WindowsSerialControl>(),
+        .portNames = std::make_unique<WindowsPortNames>(),
+        .portProbe = std::make_unique<WindowsPortProbe>(),
+        .files = std::make_unique<WindowsFileStore>(),
+        .codePage = std::make_unique<WindowsCodePage>(),
+        .locale = std::make_unique<WindowsLocaleItems>(),
+        .clock = std::make_unique<WindowsLocalClock>(),
+    };
+}
+
+std::string ProgramFolder()
+{
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length = ::GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+        if (length == 0)
+            return ".";
+        if (length < path.size()) {
+            path.resize(length);
+            break;
+        }
+        path.resize(path.size() * 2); // it was cut off
+    }
+    const std::size_t end = path.find_last_of(L'\\');
+    return end == std::wstring::npos ? "." : Utf8(path.substr(0, end));
+}
+
+std::optional<std::string> EnvironmentText(const std::string& name)
+{
+    const std::wstring wideName = Wide(name);
+    ::SetLastError(ERROR_SUCCESS);
+    const DWORD size = ::GetEnvironmentVariableW(wideName.c_str(), nullptr, 0);
+    if (size == 0)
+        return ::GetLastError() == ERROR_ENVVAR_NOT_FOUND ? std::nullopt : std::optional<std::string>("");
+    std::wstring text(size, L'\0');
+    text.resize(::GetEnvironmentVariableW(wideName.c_str(), text.data(), size));
+    return Utf8(text);
+}
+
+bool StandardOutputIsTerminal()
+{
+    return IsConsole(STD_OUTPUT_HANDLE);
+}
+
+bool StandardErrorIsTerminal()
+{
+    return IsConsole(STD_ERROR_HANDLE);
+}
+
+} // namespace quorvane

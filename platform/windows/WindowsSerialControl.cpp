@@ -1,0 +1,186 @@
+#include "platform/windows/WindowsSerialControl.h"
+
+#include "platform/windows/WindowsSerialLine.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quorvane {
+
+namespace {
+constexpr DWORD kCancelWaitMs = 200;
+}
+
+/// A write that the system works on; its bytes stay where they are until it is done.
+struct WindowsSerialControl::Transfer {
+    Transfer() : event(::CreateEventW(nullptr, TRUE, FALSE, nullptr)) { overlapped.hEvent = event.Get(); }
+
+    Handle event;
+    OVERLAPPED overlapped{};
+    std::string bytes;
+    bool underWay = false;
+};
+
+WindowsSerialControl::WindowsSerialControl() = default;
+
+WindowsSerialControl::~WindowsSerialControl()
+{
+    Close();
+}
+
+std::optional<PortFault> WindowsSerialControl::Open(const PortDevice& device, const LineSettings& line)
+{
+    Close();
+    in_.clear();
+    inputLen_ = 0;
+    inCapacity_ = line.inBufferSize;
+    Handle opened;
+    if (auto fault = OpenLine(device.path, opened))
+        return fault;
+    if (auto fault = ApplyLineSettings(opened, line, kOutCapacity))
+        return fault;
+    ::PurgeComm(opened.Get(), PURGE_RXCLEAR);
+    line_ = std::move(opened);
+    write_ = std::make_unique<Transfer>();
+    in_.reserve(inCapacity_);
+    return std::nullopt;
+}
+
+void WindowsSerialControl::Close()
+{
+    if (!IsOpen())
+        return;
+    CloseLine();
+    in_.clear();
+}
+
+void WindowsSerialControl::CloseLine()
+{
+    ::CancelIoEx(line_.Get(), nullptr);
+    ::PurgeComm(line_.Get(), PURGE_TXABORT | PURGE_RXABORT | PURGE_TXCLEAR | PURGE_RXCLEAR);
+    const bool stuck =
+        write_->underWay && ::WaitForSingleObject(write_->event.Get(), kCancelWaitMs) != WAIT_OBJECT_0;
+    if (stuck)
+        write_.release(); // NOLINT(bugprone-unused-return-value): a driver that cancels late still uses it
+    write_.reset();
+    line_.Close();
+    out_.clear();
+}
+
+int WindowsSerialControl::InBufferCount()
+{
+    Service();
+    return static_cast<int>(in_.size());
+}
+
+void WindowsSerialControl::ClearInBuffer()
+{
+    in_.clear();
+    if (IsOpen() && !::PurgeComm(line_.Get(), PURGE_RXCLEAR))
+        CloseLine();
+}
+
+void WindowsSerialControl::SetInputLen(int length)
+{
+    inputLen_ = static_cast<std::size_t>(std::max(length, 0));
+}
+
+std::string WindowsSerialControl::Input()
+{
+    Service();
+    if (in_.size() < inputLen_)
+        return {};
+    const std::size_t length = inputLen_ == 0 ? in_.size() : inputLen_;
+    std::string read = in_.substr(0, length);
+    in_.erase(0, length);
+    return read;
+}
+
+bool WindowsSerialControl::Output(std::string_view text)
+{
+    if (IsOpen())
+        SendWaiting();
+    if (!IsOpen() || text.size() > kOutCapacity - WaitingToBeSent())
+        return false;
+    out_ += text;
+    SendWaiting();
+    return IsOpen();
+}
+
+std::size_t WindowsSerialControl::WaitingToBeSent() const
+{
+    return out_.size() + (write_->underWay ? write_->bytes.size() : 0);
+}
+
+void WindowsSerialControl::Service()
+{
+    if (IsOpen())
+        TakeIn();
+    if (IsOpen())
+        SendWaiting();
+}
+
+void WindowsSerialControl::TakeIn()
+{
+    for (;;) {
+        DWORD errors = 0;
+        COMSTAT status{};
+        if (!::ClearCommError(line_.Get(), &errors, &status)) {
+            CloseLine();
+            return;
+        }
+        const std::size_t size = std::min<std::size_t>(status.cbInQue, inCapacity_ - in_.size());
+        if (size == 0)
+            return;
+        if (!ReadBlock(size)) {
+            CloseLine();
+            return;
+        }
+    }
+}
+
+// Never waits: no more is asked for than is known to be there.
+bool WindowsSerialControl::ReadBlock(std::size_t size)
+{
+    std::array<char, 4096> bytes{};
+    Transfer read;
+    const auto wanted = static_cast<DWORD>(std::min(size, bytes.size()));
+    if (!::ReadFile(line_.Get(), bytes.data(), wanted, nullptr, &read.overlapped) &&
+        ::GetLastError() != ERROR_IO_PENDING)
+        return false;
+    DWORD count = 0;
+    if (!::GetOverlappedResult(line_.Get(), &read.overlapped, &count, TRUE))
+        return false;
+    in_.append(bytes.data(), count);
+    return count > 0;
+}
+
+void WindowsSerialControl::SendWaiting()
+{
+    for (;;) {
+        if (write_->underWay) {
+            DWORD count = 0;
+            if (!::GetOverlappedResult(line_.Get(), &write_->overlapped, &count, FALSE)) {
+                if (::GetLastError() != ERROR_IO_INCOMPLETE)
+                    CloseLine();
+                return;
+            }
+            write_->underWay = false;
+            out_.insert(0, write_->bytes.substr(std::min<std::size_t>(count, write_->bytes.size())));
+        }
+        if (out_.empty())
+            return;
+        write_->bytes = std::exchange(out_, {});
+        write_->underWay = true;
+        ::ResetEvent(write_->event.Get());
+        const auto size = static_cast<DWORD>(write_->bytes.size());
+        if (!::WriteFile(line_.Get(), write_->bytes.data(), size, nullptr, &write_->overlapped) &&
+            ::GetLastError() != ERROR_IO_PENDING) {
+            write_->underWay = false;
+            CloseLine();
+            return;
+        }
+    }
+}
+
+} // namespace quorvane

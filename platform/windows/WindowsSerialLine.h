@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/windows/Handle.h"
+#include "serial/SerialControl.h"
+
+#include <optional>
+#include <string>
+
+namespace quorvane {
+
+/// Opens a device with no sharing, for overlapped use, without changing how the line is set.
+/// @param line  receives the open line
+/// @return why it cannot be used as a serial line, or nothing
+[[nodiscard]] std::optional<PortFault> OpenLine(const std::string& path, Handle& line);
+
+/// Sets an open line as `settings` say, and its reads to return at once.
+/// @return why the system or the device does not take these settings, or nothing
+[[nodiscard]] std::optional<PortFault> ApplyLineSettings(const Handle& line, const LineSettings& settings,
+                                                         std::size_t outBufferSize);
+
+} // namespace quorvane
