@@ -5,7 +5,8 @@
 
 namespace quorvane {
 
-/// The user's single-byte (or, for Japanese, double-byte) code page, in which the program's files are written.
+/// The user's single-byte (or, for Japanese, double-byte) code page, in which the program's files are
+/// written.
 class CodePage {
 public:
     virtual ~CodePage() = default;

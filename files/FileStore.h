@@ -19,12 +19,15 @@ class FileStore {
 public:
     virtual ~FileStore() = default;
     [[nodiscard]] virtual bool Exists(const std::string& path) const = 0;
-    [[nodiscard]] virtual std::optional<FileFault> ReadWhole(const std::string& path, std::string& bytes) const = 0;
+    [[nodiscard]] virtual std::optional<FileFault> ReadWhole(const std::string& path,
+                                                             std::string& bytes) const = 0;
     /// Appends to a file and makes it when there is none.
-    [[nodiscard]] virtual std::optional<FileFault> Append(const std::string& path, std::string_view bytes) = 0;
+    [[nodiscard]] virtual std::optional<FileFault> Append(const std::string& path,
+                                                          std::string_view bytes) = 0;
     /// Writes `bytes` beside `path`, flushes them to the disk and renames them over it. Whenever this fails
     /// an old file of that name is whole and nothing is left over.
-    [[nodiscard]] virtual std::optional<FileFault> Replace(const std::string& path, std::string_view bytes) = 0;
+    [[nodiscard]] virtual std::optional<FileFault> Replace(const std::string& path,
+                                                           std::string_view bytes) = 0;
 };
 
 } // namespace quorvane

@@ -1,0 +1,91 @@
+#include "files/DataFile.h"
+
+#include "files/NumberText.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace quorvane {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::size_t kUsualRowLength = 80;
+constexpr NumberPattern kAverage = {.integerDigits = 1, .minDecimals = 1, .maxDecimals = 4};
+constexpr NumberPattern kIntegrated = {.integerDigits = 1, .minDecimals = 1, .maxDecimals = 3};
+
+constexpr std::string_view kFullHeading =
+    "Time,Relative Concentration([CPM]),Mass Concentration([mg/m3]),Mass Concentration(TWA)([mg/m3]),"
+    "Mass Concentration(STEL)([mg/m3]),Relative Concentration(Integrated Value[CPM]),"
+    "Mass Concentration(Integrated Value[mg/m3])";
+constexpr std::string_view kShortHeading =
+    "Time,Relative Concentration([CPM]),Mass Concentration([mg/m3]),"
+    "Relative Concentration(Integrated Value[CPM]),Mass Concentration(Integrated Value[mg/m3])";
+
+/// Appends the columns of one row.
+class RowWriter {
+public:
+    RowWriter(std::string& out, std::string_view decimalSign) : out_(out), decimalSign_(decimalSign) {}
+
+    RowWriter& General(double value)
+    {
+        out_.push_back(',');
+        AppendGeneral(out_, value, decimalSign_);
+        return *this;
+    }
+    RowWriter& Pattern(double value, NumberPattern pattern)
+    {
+        out_.push_back(',');
+        AppendPattern(out_, value, pattern, decimalSign_);
+        return *this;
+    }
+
+private:
+    std::string& out_;
+    std::string_view decimalSign_;
+};
+
+void AppendRow(std::string& out, const MeasurementArrays& arrays, std::size_t i, bool full,
+               std::string_view decimalSign)
+{
+    out.append(arrays.MeasureTime[i]);
+    RowWriter row(out, decimalSign);
+    row.General(arrays.CountValue[i]).General(arrays.ConcValue[i]);
+    if (full)
+        row.Pattern(arrays.DerivedValueA[i], kAverage).Pattern(arrays.DerivedValueB[i], kAverage);
+    row.General(arrays.IntegratedCount[i]).Pattern(arrays.IntegratedConc[i], kIntegrated);
+    out.append(kLineEnd);
+}
+
+} // namespace
+
+std::string DataFileText(const MeasurementArrays& arrays, const std::string& dateText,
+                         const std::string& factorText, std::int32_t count, std::int16_t layout,
+                         const DataFormat& format)
+{
+    const auto rows = static_cast<std::size_t>(std::max(count, 0));
+    const double factor = LeadingNumber(factorText) / 1000;
+    std::string text;
+    text.reserve((rows + 5) * kUsualRowLength);
+    text.append("Program Ver.,").append(FileVersionText(format.version)).append(kLineEnd);
+    text.append("Date,").append(dateText).append(kLineEnd);
+    text.append("Data,").append(GeneralText(count, format.decimalSign)).append(kLineEnd);
+    text.append("K Factor,").append(GeneralText(factor, format.decimalSign)).append(kLineEnd);
+    if (layout != kFullLayout && layout != kShortLayout)
+        return text;
+    const bool full = layout == kFullLayout;
+    text.append(full ? kFullHeading : kShortHeading).append(kLineEnd);
+    for (std::size_t i = 1; i <= rows; ++i)
+        AppendRow(text, arrays, i, full, format.decimalSign);
+    return text;
+}
+
+std::optional<FileFault> WriteDataFile(const std::string& path, const std::string& dateText,
+                                       const std::string& factorText, std::int32_t count, std::int16_t layout,
+                                       const DataFileContext& context)
+{
+    const std::string text =
+        DataFileText(context.arrays, dateText, factorText, count, layout, context.format);
+    return context.store.Replace(path, context.codePage.FromUtf8(text));
+}
+
+} // namespace quorvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/ProgramVersion.h"
+#include "files/CodePage.h"
+#include "files/FileStore.h"
+#include "measure/MeasurementArrays.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace quorvane {
+
+/// Layouts of a data file.
+inline constexpr std::int16_t kFullLayout = 0;  ///< with the exposure averages
+inline constexpr std::int16_t kShortLayout = 1; ///< without them
+
+/// How a data file's numbers and its version line are written.
+struct DataFormat {
+    std::string decimalSign; ///< of the user's number format
+    ProgramVersion version;
+};
+
+/// What the writer of a data file works with.
+struct DataFileContext {
+    FileStore& store;
+    const CodePage& codePage;
+    const MeasurementArrays& arrays;
+    DataFormat format;
+};
+
+/// The text of a data file, UTF-8: readings 1 to `count` as comma-separated lines below five lines of
+/// heading.
+///
+/// @param factorText  the instrument's factor in thousandths, "." for the decimal sign; no number counts as 0
+/// @param count       at most the readings that `arrays` holds
+/// @param layout      any other value than the two layouts gives the first four lines alone
+[[nodiscard]] std::string DataFileText(const MeasurementArrays& arrays, const std::string& dateText,
+                                       const std::string& factorText, std::int32_t count, std::int16_t layout,
+                                       const DataFormat& format);
+
+/// Writes such a file to `path` (UTF-8) in the user's code page. An old file of that name is replaced when
+/// everything is on the disk, and not before.
+[[nodiscard]] std::optional<FileFault> WriteDataFile(const std::string& path, const std::string& dateText,
+                                                     const std::string& factorText, std::int32_t count,
+                                                     std::int16_t layout, const DataFileContext& context);
+
+} // namespace quorvane

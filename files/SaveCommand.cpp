@@ -1,0 +1,60 @@
+#include "files/SaveCommand.h"
+
+#include "files/DataFile.h"
+#include "instrument/DateTimeText.h"
+#include "resources/OwnTexts.h"
+
+namespace quorvane {
+namespace {
+
+constexpr int kTitleText = 101;
+constexpr int kAllFilesText = 219;
+constexpr int kNotSavedText = 235;
+constexpr int kCsvFilterIndex = 2;
+
+} // namespace
+
+SaveResult SaveCommand::SaveMeasurement()
+{
+    if (state_.DataPresent != 1)
+        return SaveResult::NothingToSave;
+    const std::optional<std::string> path =
+        world_.prompts.AskSaveName({.filter = Text(kAllFilesText) + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|",
+                                    .filterIndex = kCsvFilterIndex,
+                                    .overwritePrompt = true,
+                                    .defaultName = ""});
+    if (!path)
+        return SaveResult::Cancelled;
+    if (state_.DataPresent != 1) // a run began while the dialog was open; its readings are not finished
+        return SaveResult::NothingToSave;
+    if (const auto fault = SaveTo(*path)) {
+        TellFailure(*fault);
+        return SaveResult::Failed;
+    }
+    return SaveResult::Saved;
+}
+
+std::optional<FileFault> SaveCommand::SaveTo(const std::string& path)
+{
+    const std::string date = SystemDateText(world_.clock.Now(), world_.locale);
+    const std::string factor = arrays_.ExtraField.size() > 1 ? arrays_.ExtraField[1] : "";
+    const DataFileContext context = {world_.store,
+                                     world_.codePage,
+                                     arrays_,
+                                     {.decimalSign = world_.locale.DecimalSign(), .version = world_.version}};
+    auto fault = WriteDataFile(path, date, factor, state_.SampleCount, kFullLayout, context);
+    if (!fault)
+        state_.DataSaved = 1;
+    return fault;
+}
+
+void SaveCommand::TellFailure(const FileFault& fault)
+{
+    const std::string reason = fault.systemReason.empty() ? Text(ReasonText(fault.kind)) : fault.systemReason;
+    world_.prompts.Show({.text = Text(kNotSavedText) + "\r\n" + reason,
+                         .icon = Icon::Critical,
+                         .titleId = kTitleText,
+                         .buttons = Buttons::Ok});
+}
+
+} // namespace quorvane

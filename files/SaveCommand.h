@@ -1,0 +1,59 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/LocalClock.h"
+#include "app/LocaleItems.h"
+#include "app/ProgramVersion.h"
+#include "app/Prompts.h"
+#include "files/CodePage.h"
+#include "files/FileStore.h"
+#include "measure/MeasurementArrays.h"
+#include "resources/StringTable.h"
+
+#include <optional>
+#include <string>
+
+namespace quorvane {
+
+enum class SaveResult {
+    NothingToSave, ///< there is no finished run
+    Cancelled,     ///< by the operator
+    Saved,
+    Failed, ///< the operator has been told; the readings are still unsaved
+};
+
+/// What a save needs of the world.
+struct SaveSurroundings {
+    FileStore& store;
+    const CodePage& codePage;
+    const LocaleItems& locale;
+    const LocalClock& clock;
+    Prompts& prompts;
+    const StringTable& texts;
+    ProgramVersion version;
+};
+
+/// Saves the readings of the last run as a data file of the full layout, dated with the day of saving.
+class SaveCommand {
+public:
+    SaveCommand(ApplicationState& state, const MeasurementArrays& arrays, SaveSurroundings surroundings)
+        : state_(state), arrays_(arrays), world_(surroundings)
+    {
+    }
+
+    /// Asks for the file's name, saves, and tells the operator of a failure.
+    SaveResult SaveMeasurement();
+
+    /// Saves to `path` (UTF-8) without a word. `DataSaved` becomes 1 when the file is complete.
+    [[nodiscard]] std::optional<FileFault> SaveTo(const std::string& path);
+
+private:
+    [[nodiscard]] std::string Text(int id) const { return world_.texts.Text(id, state_.LanguageOffset); }
+    void TellFailure(const FileFault& fault);
+
+    ApplicationState& state_;
+    const MeasurementArrays& arrays_;
+    SaveSurroundings world_;
+};
+
+} // namespace quorvane
