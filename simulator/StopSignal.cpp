@@ -1,0 +1,34 @@
+#include "simulator/StopSignal.h"
+
+#include <csignal>
+#include <poll.h>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+StopSignal::StopSignal()
+{
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGTERM);
+    struct sigaction interrupt {};
+    if (sigaction(SIGINT, nullptr, &interrupt) == 0 && interrupt.sa_handler != SIG_IGN)
+        sigaddset(&signals, SIGINT);
+    sigprocmask(SIG_BLOCK, &signals, nullptr);
+    descriptor_ = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
+}
+
+StopSignal::~StopSignal()
+{
+    if (descriptor_ >= 0)
+        close(descriptor_);
+}
+
+bool StopSignal::Raised() const
+{
+    pollfd state{descriptor_, POLLIN, 0};
+    return poll(&state, 1, 0) > 0;
+}
+
+} // namespace quorvane
