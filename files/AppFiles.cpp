@@ -7,6 +7,12 @@ std::filesystem::path PathFromUtf8(std::string_view text)
     return std::filesystem::path(std::u8string(text.begin(), text.end()));
 }
 
+std::string Utf8FromPath(const std::filesystem::path& path)
+{
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 std::string FileInFolder(const std::string& folder, std::string_view name)
 {
     constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);

@@ -10,6 +10,9 @@ namespace quorvane {
 /// for the system's code page on Windows.
 [[nodiscard]] std::filesystem::path PathFromUtf8(std::string_view text);
 
+/// The text of a path, UTF-8.
+[[nodiscard]] std::string Utf8FromPath(const std::filesystem::path& path);
+
 /// The path, UTF-8, of the file `name` in `folder`, with the system's separator between them unless the
 /// folder ends in one ("C:\", "/").
 [[nodiscard]] std::string FileInFolder(const std::string& folder, std::string_view name);

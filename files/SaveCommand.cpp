@@ -19,7 +19,7 @@ SaveResult SaveCommand::SaveMeasurement()
     if (state_.DataPresent != 1)
         return SaveResult::NothingToSave;
     const std::optional<std::string> path =
-        world_.prompts.AskSaveName({.filter = Text(kAllFilesText) + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|",
+        world_.prompts.AskSaveName({.filter = world_.texts[kAllFilesText] + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|",
                                     .filterIndex = kCsvFilterIndex,
                                     .overwritePrompt = true,
                                     .defaultName = ""});
@@ -50,8 +50,8 @@ std::optional<FileFault> SaveCommand::SaveTo(const std::string& path)
 
 void SaveCommand::TellFailure(const FileFault& fault)
 {
-    const std::string reason = fault.systemReason.empty() ? Text(ReasonText(fault.kind)) : fault.systemReason;
-    world_.prompts.Show({.text = Text(kNotSavedText) + "\r\n" + reason,
+    const std::string reason = fault.systemReason.empty() ? world_.texts[ReasonText(fault.kind)] : fault.systemReason;
+    world_.prompts.Show({.text = world_.texts[kNotSavedText] + "\r\n" + reason,
                          .icon = Icon::Critical,
                          .titleId = kTitleText,
                          .buttons = Buttons::Ok});

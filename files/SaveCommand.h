@@ -5,10 +5,10 @@
 #include "app/LocaleItems.h"
 #include "app/ProgramVersion.h"
 #include "app/Prompts.h"
+#include "app/Texts.h"
 #include "files/CodePage.h"
 #include "files/FileStore.h"
 #include "measure/MeasurementArrays.h"
-#include "resources/StringTable.h"
 
 #include <optional>
 #include <string>
@@ -29,7 +29,7 @@ struct SaveSurroundings {
     const LocaleItems& locale;
     const LocalClock& clock;
     Prompts& prompts;
-    const StringTable& texts;
+    const Texts& texts;
     ProgramVersion version;
 };
 
@@ -48,7 +48,6 @@ public:
     [[nodiscard]] std::optional<FileFault> SaveTo(const std::string& path);
 
 private:
-    [[nodiscard]] std::string Text(int id) const { return world_.texts.Text(id, state_.LanguageOffset); }
     void TellFailure(const FileFault& fault);
 
     ApplicationState& state_;

@@ -14,6 +14,8 @@ enum OwnText : int {
     kPortNotALineText = 1004,
     kPortUnsupportedText = 1005,
     kPortOtherText = 1006,
+    kPortUsableText = 1007,
+    kPortUnnamedText = 1008, ///< %1: the port's number
 
     // Why a file cannot be read or written, and what to do about it.
     kFileNotFoundText = 1011,
@@ -31,6 +33,8 @@ enum OwnText : int {
     kPortLostText = 1025,
     kStoppedText = 1026,
     kGivenUpText = 1027, ///< %1: seconds of silence
+    kAlarmExcursionText = 1028,
+    kRescuedText = 1029, ///< %1: a file's path
 };
 
 /// The number of the sentence that explains the fault to the operator.

@@ -63,6 +63,9 @@ constexpr Entry kEntries[] = {
      "ストップビット、フロー制御を変更してください。"},
     {kPortOtherText, "The port could not be opened. Check the cable and the adapter and try again.",
      "ポートを開けませんでした。ケーブルと変換アダプターを確認し、もう一度お試しください。"},
+    {kPortUsableText, "can be used", "使用できます"},
+    {kPortUnnamedText, "No device; the environment variable QUORVANE_COM%1 can name one.",
+     "デバイスの割り当てがありません。環境変数 QUORVANE_COM%1 で指定できます。"},
 
     {kFileNotFoundText, "The folder or the file does not exist. Choose another place.",
      "フォルダーまたはファイルが見つかりません。別の場所を選択してください。"},
@@ -88,6 +91,9 @@ constexpr Entry kEntries[] = {
     {kStoppedText, "Stopped", "停止しました"},
     {kGivenUpText, "No data from the instrument for %1 s; the run was given up",
      "測定器から %1 秒間データが届かないため、計測を打ち切りました"},
+    {kAlarmExcursionText, "Alarm TLV-STEL (too many or too close excursions above TLV-TWA)",
+     "警報 TLV-STEL（TLV-TWA を超える回数または間隔が不適切）"},
+    {kRescuedText, "The readings were saved here instead: %1", "測定データを代わりに次の場所へ保存しました: %1"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -42,11 +42,12 @@ protected:
     FixedLocale locale;
     FixedClock clock;
     ScriptedPrompts prompts;
-    StringTable japanese{TableLanguage::Japanese};
+    StringTable table{TableLanguage::Japanese};
+    Texts texts{table, state};
     SaveCommand command{
         state,
         arrays,
-        {store, codePage, locale, clock, prompts, japanese, {.major = 2, .minor = 0, .revision = 2}}};
+        {store, codePage, locale, clock, prompts, texts, {.major = 2, .minor = 0, .revision = 2}}};
 };
 
 TEST_F(SaveCommandTest, RunIsSavedUnderTheChosenNameWithTheDateOfSaving)

@@ -1,0 +1,33 @@
+#include "cli/CommandWorld.h"
+
+#include "resources/OwnTexts.h"
+
+namespace quorvane {
+
+namespace {
+
+TableLanguage LanguageOf(const LocaleItems& locale)
+{
+    return locale.SystemLanguageName() == "Japanese" ? TableLanguage::Japanese : TableLanguage::English;
+}
+
+} // namespace
+
+CommandWorld::CommandWorld(bool progress)
+    : platform(MakePlatform()),
+      table(LanguageOf(*platform.locale)),
+      texts(table, state),
+      console(progress && StandardErrorIsTerminal())
+{
+    state.AppPath = EnvironmentText("QUORVANE_HOME").value_or(ProgramFolder());
+}
+
+std::string CommandWorld::Reason(const PortFault& fault) const
+{
+    std::string reason = texts[ReasonText(fault.kind)];
+    if (!fault.systemReason.empty())
+        reason += " (" + fault.systemReason + ")";
+    return reason;
+}
+
+} // namespace quorvane

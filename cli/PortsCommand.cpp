@@ -1,0 +1,31 @@
+#include "cli/PortsCommand.h"
+
+#include "cli/CommandWorld.h"
+#include "cli/ExitStatus.h"
+#include "resources/OwnTexts.h"
+
+#include <string>
+
+namespace quorvane {
+
+int RunPortsCommand()
+{
+    CommandWorld world(false);
+    for (int number = kFirstComPort; number <= kLastComPort; ++number) {
+        std::string line = "COM" + std::to_string(number);
+        line.resize(8, ' ');
+        if (const auto device = world.platform.portNames->Device(number)) {
+            const auto fault = world.platform.portProbe->Probe(*device);
+            line += device->path;
+            line.resize(std::max<std::size_t>(line.size() + 2, 26), ' ');
+            line += fault ? world.Reason(*fault) : world.texts[kPortUsableText];
+        } else {
+            line.resize(26, ' ');
+            line += world.texts[kPortUnnamedText];
+        }
+        world.console.Print(line);
+    }
+    return kExitDone;
+}
+
+} // namespace quorvane

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace quorvane {
+
+/// Lists the COM names, the devices behind them and why one cannot be used.
+/// @return the exit status
+int RunPortsCommand();
+
+} // namespace quorvane

@@ -1,0 +1,120 @@
+#include "cli/RunReport.h"
+
+#include "files/NumberText.h"
+#include "resources/OwnTexts.h"
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+constexpr NumberPattern kAverage{.integerDigits = 1, .minDecimals = 4, .maxDecimals = 4};
+constexpr NumberPattern kConc{.integerDigits = 1, .minDecimals = 3, .maxDecimals = 3};
+constexpr std::size_t kColumnWidth = 11;
+
+constexpr std::array<std::string_view, 8> kHeadings{"No.", "Time", "CPM",     "mg/m3",
+                                                    "TWA", "STEL", "CPM sum", "mg/m3 sum"};
+
+void AddColumn(std::string& row, std::string_view text)
+{
+    if (text.size() < kColumnWidth)
+        row.append(kColumnWidth - text.size(), ' ');
+    row += text;
+}
+
+/// A time field may hold anything that came over the line; a terminal must not
+/// obey it.
+std::string Printable(std::string text)
+{
+    for (char& c : text) {
+        if (c < ' ' || c > '~')
+            c = '?';
+    }
+    return text;
+}
+
+} // namespace
+
+RunReport::RunReport(Console& console, const MeasurementArrays& arrays, const AlarmLimits& limits,
+                     const Texts& texts, std::string decimalSign, bool rows)
+    : console_(console),
+      arrays_(arrays),
+      limits_(limits),
+      texts_(texts),
+      decimalSign_(std::move(decimalSign)),
+      rows_(rows)
+{
+}
+
+void RunReport::StateChanged(RunState state)
+{
+    if (state != RunState::Measuring || !rows_)
+        return;
+    std::string heading;
+    for (const std::string_view text : kHeadings)
+        AddColumn(heading, text);
+    console_.Print(heading);
+}
+
+void RunReport::RunPrepared()
+{
+    newlyLit_.clear();
+}
+
+void RunReport::SampleAdded(int sample)
+{
+    const auto i = static_cast<std::size_t>(sample);
+    if (rows_)
+        console_.Print(Row(i));
+    for (const Lamp lamp : newlyLit_)
+        console_.Say(AlarmLine(i, lamp));
+    newlyLit_.clear();
+}
+
+void RunReport::LampChanged(Lamp lamp, bool lit)
+{
+    if (lit)
+        newlyLit_.push_back(lamp); // told with its reading
+}
+
+void RunReport::RunEnded(RunResult) {}
+
+std::string RunReport::Row(std::size_t sample) const
+{
+    std::string row;
+    AddColumn(row, std::to_string(sample));
+    AddColumn(row, Printable(arrays_.MeasureTime[sample]));
+    AddColumn(row, GeneralText(arrays_.CountValue[sample], decimalSign_));
+    AddColumn(row, PatternText(arrays_.ConcValue[sample], kConc, decimalSign_));
+    AddColumn(row, PatternText(arrays_.DerivedValueA[sample], kAverage, decimalSign_));
+    AddColumn(row, PatternText(arrays_.DerivedValueB[sample], kAverage, decimalSign_));
+    AddColumn(row, GeneralText(arrays_.IntegratedCount[sample], decimalSign_));
+    AddColumn(row, PatternText(arrays_.IntegratedConc[sample], kConc, decimalSign_));
+    return row;
+}
+
+std::string RunReport::AlarmLine(std::size_t sample, Lamp lamp) const
+{
+    const auto line = [&](int name, double value, double limit) {
+        return Printable(arrays_.MeasureTime[sample]) + "  " + texts_[name] + ": " +
+               GeneralText(value, decimalSign_) + " mg/m3 (" + GeneralText(limit, decimalSign_) + ")";
+    };
+    const auto rounded = [](double value) { return LeadingNumber(PatternText(value, {1, 1, 4})); };
+    switch (lamp) {
+    case Lamp::Twa:
+        return line(kAlarmTwaText, rounded(arrays_.DerivedValueA[sample]), limits_.TwaAlarm);
+    case Lamp::Ceiling:
+        return line(kAlarmCeilingText, arrays_.ConcValue[sample], limits_.CAlarm);
+    case Lamp::Stel:
+        break;
+    }
+    const double stel = arrays_.DerivedValueB[sample];
+    if (stel > limits_.StelAlarm)
+        return line(kAlarmStelText, rounded(stel), limits_.StelAlarm);
+    return line(kAlarmExcursionText, rounded(stel), limits_.TwaAlarm);
+}
+
+} // namespace quorvane

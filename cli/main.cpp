@@ -1,0 +1,91 @@
+#include "app/ProgramVersion.h"
+#include "cli/ExitStatus.h"
+#include "cli/MeasureCommand.h"
+#include "cli/MeasureOptions.h"
+#include "cli/PortsCommand.h"
+
+#include <cstdio>
+#include <exception>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace quorvane;
+
+std::string Usage()
+{
+    return "Usage:\n"
+           "  quorvane-cli measure (--port DEVICE|COMn | --simulate) --samples N --interval S --output FILE\n"
+           "                       [options]\n"
+           "  quorvane-cli ports\n"
+           "  quorvane-cli --help | --version\n"
+           "\n"
+           "Options of measure:\n" +
+           MeasureUsage() +
+           "\n"
+           "What is not given comes from the settings file Quorvane.ini in the program's folder, or in the\n"
+           "folder that the environment variable QUORVANE_HOME names. Ctrl-C stops the run and saves what "
+           "was\n"
+           "taken; a second Ctrl-C also gives up the stop exchange with the instrument.\n"
+           "Exit status: 0 saved, 1 the run or the save failed, 2 wrong usage.\n";
+}
+
+void Print(std::FILE* stream, const std::string& text)
+{
+    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stream));
+}
+
+int WrongUsage(const std::string& fault)
+{
+    Print(stderr, "quorvane-cli: " + fault + "\n\n" + Usage());
+    return kExitUsage;
+}
+
+int Help()
+{
+    Print(stdout, Usage());
+    return kExitDone;
+}
+
+int Measure(std::span<const std::string> arguments)
+{
+    MeasureOptions options;
+    if (const auto fault = ReadMeasureOptions(arguments, options))
+        return WrongUsage(fault->text);
+    return options.help ? Help() : RunMeasureCommand(options);
+}
+
+int Dispatch(std::span<const std::string> arguments)
+{
+    if (arguments.empty())
+        return WrongUsage("a command is missing");
+    const std::string& command = arguments.front();
+    const auto rest = arguments.subspan(1);
+    if (command == "measure")
+        return Measure(rest);
+    if (command != "ports" && command != "--help" && command != "--version")
+        return WrongUsage("there is no command " + Quoted(command));
+    if (!rest.empty())
+        return WrongUsage(command + " takes no argument");
+    if (command == "ports")
+        return RunPortsCommand();
+    if (command == "--help")
+        return Help();
+    Print(stdout, "quorvane-cli " + VersionNumber(kProgramVersion) + "\n");
+    return kExitDone;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        const std::vector<std::string> arguments(argv + 1, argv + argc);
+        return Dispatch(arguments);
+    } catch (const std::exception& error) {
+        Print(stderr, std::string("quorvane-cli: ") + error.what() + "\n");
+        return kExitFailed;
+    }
+}
