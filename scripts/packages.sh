@@ -1,0 +1,28 @@
+# Sourced by the other scripts: installs the Debian packages that are missing.
+# shellcheck shell=bash disable=SC2034
+
+# need_packages PACKAGE...
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing: ${missing[*]}" >&2
+            echo "Install them as root (apt-get install ${missing[*]}) and start again." >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing: ${missing[*]}" >&2
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
+}
+
+build_packages=(g++ cmake ninja-build)
+test_packages=("${build_packages[@]}" git clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev
+    g++-mingw-w64-x86-64-posix)
