@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <string_view>
 
 namespace quorvane {
@@ -19,7 +20,7 @@ Fields FieldsOf(LocalMoment moment)
 }
 
 /// At least `digits` digits.
-void AppendPadded(std::string& out, long value, std::size_t digits)
+void AppendPadded(std::string& out, std::int64_t value, std::size_t digits)
 {
     const std::string text = std::to_string(value);
     out.append(digits - std::min(digits, text.size()), '0');
@@ -31,7 +32,7 @@ void AppendField(std::string& out, char letter, std::size_t run, const Fields& f
                  const LocaleItems& locale)
 {
     const std::size_t digits = std::min<std::size_t>(run, 2);
-    const long hour = fields.time.hours().count();
+    const std::int64_t hour = fields.time.hours().count();
     switch (letter) {
     case 'y': {
         const int year = static_cast<int>(fields.date.year());
