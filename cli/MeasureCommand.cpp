@@ -96,10 +96,15 @@ private:
 };
 
 Measurement::Measurement(const MeasureOptions& options)
-    : options_(options), world_(!options.quiet),
+    : options_(options),
+      world_(!options.quiet),
       settings_(state_, *system_.files, *system_.codePage, *system_.clock, *system_.locale, kProgramVersion),
-      prompts_(world_.console, options.output), port_(*system_.portNames, options.port), timer1_(pump_),
-      timer2_(pump_, options.speed), timer3_(pump_, options.speed), watchTimer_(pump_),
+      prompts_(world_.console, options.output),
+      port_(*system_.portNames, options.port),
+      timer1_(pump_),
+      timer2_(pump_, options.speed),
+      timer3_(pump_, options.speed),
+      watchTimer_(pump_),
       log_(state_, *system_.files, *system_.codePage, *system_.clock, *system_.locale),
       link_(state_, {*system_.serial, port_, pump_, timer1_, prompts_, log_, world_.texts}),
       report_(world_.console, arrays_, state_, world_.texts, system_.locale->DecimalSign(), !options.quiet),
@@ -107,8 +112,8 @@ Measurement::Measurement(const MeasureOptions& options)
             {*system_.files, *system_.codePage, *system_.locale, *system_.clock, prompts_, world_.texts,
              kProgramVersion}),
       run_(state_, arrays_,
-           {link_, *system_.serial, pump_, timer1_, timer2_, timer3_, *system_.clock, prompts_, log_, world_.texts,
-            MakeRandomSource(options.randomSeed), [this] { save_.SaveMeasurement(); }, report_})
+           {link_, *system_.serial, pump_, timer1_, timer2_, timer3_, *system_.clock, prompts_, log_,
+            world_.texts, MakeRandomSource(options.randomSeed), [this] { save_.SaveMeasurement(); }, report_})
 {
     watchTimer_.OnTick([this] { Watch(); });
     pump_.OnIdle([this] { PassInterruptsOn(); });

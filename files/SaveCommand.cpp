@@ -18,11 +18,11 @@ SaveResult SaveCommand::SaveMeasurement()
 {
     if (state_.DataPresent != 1)
         return SaveResult::NothingToSave;
-    const std::optional<std::string> path =
-        world_.prompts.AskSaveName({.filter = world_.texts[kAllFilesText] + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|",
-                                    .filterIndex = kCsvFilterIndex,
-                                    .overwritePrompt = true,
-                                    .defaultName = ""});
+    const std::optional<std::string> path = world_.prompts.AskSaveName(
+        {.filter = world_.texts[kAllFilesText] + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|",
+         .filterIndex = kCsvFilterIndex,
+         .overwritePrompt = true,
+         .defaultName = ""});
     if (!path)
         return SaveResult::Cancelled;
     if (state_.DataPresent != 1) // a run began while the dialog was open; its readings are not finished
@@ -50,7 +50,8 @@ std::optional<FileFault> SaveCommand::SaveTo(const std::string& path)
 
 void SaveCommand::TellFailure(const FileFault& fault)
 {
-    const std::string reason = fault.systemReason.empty() ? world_.texts[ReasonText(fault.kind)] : fault.systemReason;
+    const std::string reason =
+        fault.systemReason.empty() ? world_.texts[ReasonText(fault.kind)] : fault.systemReason;
     world_.prompts.Show({.text = world_.texts[kNotSavedText] + "\r\n" + reason,
                          .icon = Icon::Critical,
                          .titleId = kTitleText,

@@ -93,7 +93,8 @@ constexpr Entry kEntries[] = {
      "測定器から %1 秒間データが届かないため、計測を打ち切りました"},
     {kAlarmExcursionText, "Alarm TLV-STEL (too many or too close excursions above TLV-TWA)",
      "警報 TLV-STEL（TLV-TWA を超える回数または間隔が不適切）"},
-    {kRescuedText, "The readings were saved here instead: %1", "測定データを代わりに次の場所へ保存しました: %1"},
+    {kRescuedText, "The readings were saved here instead: %1",
+     "測定データを代わりに次の場所へ保存しました: %1"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
