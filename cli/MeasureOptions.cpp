@@ -52,10 +52,6 @@ std::optional<UsageFault> CheckCombination(const CommandOptions& given)
         if (!given.Has(needed))
             return UsageFault{std::string(needed) + " is missing"};
     }
-    for (const std::string_view text : {"--port", "--output"}) {
-        if (given.Has(text) && given.Text(text).empty())
-            return UsageFault{std::string(text) + " is empty"};
-    }
     return std::nullopt;
 }
 

@@ -1,0 +1,73 @@
+#include "tests/support/Bench.h"
+
+#include <csignal>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvane {
+namespace {
+
+using testing::ContainsRegex;
+using testing::HasSubstr;
+
+/// What the operator is left with when the instrument has a fault.
+struct Row {
+    std::string name;
+    std::string fault; ///< of the simulated instrument
+    std::string speed; ///< of both sides
+    int status;        ///< of the program
+    std::string said;  ///< a part of what it says
+    std::string log;   ///< a part of the error log; empty: no log
+    std::size_t rows;  ///< readings that are saved
+};
+
+class MeasureFaults : public testing::TestWithParam<Row> {};
+
+TEST_P(MeasureFaults, EndOrGoOnWithTheRightRecord)
+{
+    const Row& row = GetParam();
+    const Bench bench({"--fault", row.fault, "--speed", row.speed});
+    ChildProgram program = bench.Measure(
+        {"--samples", "5", "--interval", "1", "--speed", row.speed, "--give-up", "1.5", "--quiet"});
+    EXPECT_EQ(program.Wait(), row.status) << bench.Said();
+    EXPECT_THAT(bench.Said(), HasSubstr(row.said));
+    EXPECT_EQ(bench.Rows().size(), row.rows);
+    if (row.log.empty()) {
+        EXPECT_EQ(bench.ErrorLog(), "");
+    } else {
+        EXPECT_THAT(bench.ErrorLog(), HasSubstr(row.log));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    OnTheLine, MeasureFaults,
+    testing::Values(
+        Row{"Silent", "silent", "20", 1, "RS232C ERROR.", ",N Command,, 101\r\n", 0},
+        Row{"SilentAfterD", "silent:D", "20", 1, "No data from the instrument for 1.5 s", "", 0},
+        Row{"AnswersTooLate", "late-ack:600,N", "20", 1, "RS232C ERROR.", ",N Command,, 101\r\n", 0},
+        Row{"AcknowledgesDLate", "late-ack:300,D", "20", 0, "Saved", "", 5},
+        Row{"WrongAnswer", "wrong-ack:N", "20", 1, "RS232C ERROR.", ",N Command,AX\r\n, 101\r\n", 0},
+        Row{"WrongAcknowledgement", "wrong-ack:D", "20", 1, "RS232C ERROR.", ",D Command,AX\r\n", 0},
+        Row{"NoAcknowledgement", "no-ack:D", "20", 1, "RS232C ERROR.", ",D Command,", 0},
+        Row{"LineInTwoPieces", "split:20,40", "2", 0, "Saved", "", 5},
+        Row{"Garbage", "garbage:16", "20", 0, "Saved", "", 5},
+        Row{"NoLineEnd", "no-line-end:2", "2", 1, "RS232C ERROR.", ",D Command Data Read,", 1},
+        Row{"DroppedByte", "dropped-byte:12,2", "20", 0, "Saved", "", 5},
+        Row{"HangUp", "hang-up:2", "2", 1, "No data from the instrument", ",D Command Data Read,", 2}),
+    [](const testing::TestParamInfo<Row>& row) { return row.param.name; });
+
+TEST(MeasureFaults, ChatterKeepsTheStartWaitingUntilCtrlC)
+{
+    const Bench bench({"--fault", "chatter", "--verbose"});
+    ChildProgram program = bench.Measure({"--samples", "5", "--interval", "1"});
+    // The instrument notes the wake-up command; the program waits for a quiet second that never comes.
+    while (FileBytes(bench.Folder().Path("instrument.txt")).find("N\\r\\n") == std::string::npos) {
+    }
+    program.Signal(SIGINT);
+    EXPECT_EQ(program.Wait(), 1);
+    EXPECT_EQ(bench.ErrorLog(), "");
+    EXPECT_EQ(FileBytes(bench.Output()), "");
+}
+
+} // namespace
+} // namespace quorvane

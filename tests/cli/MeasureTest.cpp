@@ -1,0 +1,174 @@
+#include "tests/support/Bench.h"
+
+#include <csignal>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvane {
+namespace {
+
+using testing::HasSubstr;
+
+/// Ten seconds of dust: concentrations in mg/m3.
+void WriteReadings(const std::string& path)
+{
+    std::ofstream(path) << "seconds,mg/m3\n1,0.013\n2,0.026\n3,0.039\n4,0.26\n5,0.26\n6,0\n";
+}
+
+TEST(Measure, PrintsAndSavesWhatTheInstrumentMeasured)
+{
+    const ScratchFolder readings;
+    WriteReadings(readings.Path("dust.csv"));
+    const Bench bench(
+        {"--readings", readings.Path("dust.csv"), "--speed", "20", "--start-at", "2024-05-01 23:59:57"});
+    ChildProgram program = bench.Measure({"--samples", "6", "--interval", "1", "--speed", "20", "--twa",
+                                          "0.05", "--stel", "0.1", "--ceiling", "0.26"});
+    const std::string printed = program.RestOfOutput();
+    EXPECT_EQ(program.Wait(), 0) << bench.Said();
+
+    // Count = concentration / 0.0013; the averages are means of the concentrations so far.
+    EXPECT_THAT(bench.Rows(),
+                testing::ElementsAre(
+                    "23:59:58,10,0.013,0.013,0.013,10,0.013", "23:59:59,20,0.026,0.0195,0.0195,30,0.039",
+                    "00:00:00,30,0.039,0.026,0.026,60,0.078", "00:00:01,200,0.26,0.0845,0.0845,260,0.338",
+                    "00:00:02,200,0.26,0.1196,0.1196,460,0.598", "00:00:03,0,0,0.0997,0.0997,460,0.598"));
+    EXPECT_THAT(FileBytes(bench.Output()), HasSubstr("\r\nData,6\r\nK Factor,0.0013\r\n"));
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 7) << "a heading and six rows";
+    EXPECT_THAT(printed, HasSubstr("00:00:02        200      0.260     0.1196"));
+    EXPECT_THAT(bench.Said(), HasSubstr("00:00:01  Alarm TLV-C: 0.26 mg/m3 (0.26)"));
+    EXPECT_THAT(bench.Said(), HasSubstr("00:00:01  Alarm TLV-TWA: 0.0845 mg/m3 (0.05)"));
+    EXPECT_EQ(bench.ErrorLog(), "");
+}
+
+TEST(Measure, OneInstrumentServesOneRunAfterTheOther)
+{
+    const Bench bench({"--speed", "20"});
+    for (int turn = 1; turn <= 2; ++turn) {
+        ChildProgram program =
+            bench.Measure({"--samples", "3", "--interval", "1", "--speed", "20", "--quiet"});
+        EXPECT_EQ(program.RestOfOutput(), "");
+        EXPECT_EQ(program.Wait(), 0) << bench.Said();
+        EXPECT_EQ(bench.Rows().size(), 3U);
+    }
+}
+
+TEST(Measure, CtrlCStopsAndSavesWhatWasTaken)
+{
+    const Bench bench({"--speed", "20"});
+    ChildProgram program = bench.Measure({"--samples", "65500", "--interval", "1", "--speed", "20"});
+    for (int line = 0; line < 4; ++line) // the heading and three rows
+        EXPECT_NE(program.NextLine(), "");
+    program.Signal(SIGINT);
+    const std::string rest = program.RestOfOutput();
+    EXPECT_EQ(program.Wait(), 0) << bench.Said();
+    EXPECT_EQ(bench.Rows().size(), 3U + static_cast<std::size_t>(std::count(rest.begin(), rest.end(), '\n')));
+    EXPECT_EQ(bench.ErrorLog(), "");
+}
+
+TEST(Measure, TellsTheSecondProgramThatThePortIsTaken)
+{
+    const Bench bench({"--speed", "20"});
+    ChildProgram first = bench.Measure({"--samples", "65500", "--interval", "1", "--speed", "20"});
+    EXPECT_NE(first.NextLine(), "");
+    ChildProgram second = bench.Start({"measure", "--port", bench.Device(), "--samples", "1", "--interval",
+                                       "1", "--output", bench.Folder().Path("second.csv")},
+                                      "second.txt");
+    EXPECT_EQ(second.Wait(), 1);
+    const std::string said = FileBytes(bench.Folder().Path("second.txt"));
+    EXPECT_THAT(said, HasSubstr(bench.Device() + " is not used."));
+    EXPECT_THAT(said, HasSubstr("Another program is using the port."));
+    EXPECT_EQ(FileBytes(bench.Folder().Path("second.csv")), "");
+    first.Signal(SIGINT);
+    static_cast<void>(first.RestOfOutput());
+    EXPECT_EQ(first.Wait(), 0);
+}
+
+TEST(Measure, FindsADeviceByItsComName)
+{
+    const Bench bench({"--speed", "20"});
+    ChildProgram program(QUORVANE_CLI,
+                         {"measure", "--port", "COM15", "--samples", "1", "--interval", "1", "--speed", "20",
+                          "--output", bench.Output()},
+                         bench.Folder().Path("errors.txt"),
+                         {{"QUORVANE_HOME", bench.Folder().Path()}, {"QUORVANE_COM15", bench.Device()}});
+    static_cast<void>(program.RestOfOutput());
+    EXPECT_EQ(program.Wait(), 0) << bench.Said();
+    EXPECT_EQ(bench.Rows().size(), 1U);
+}
+
+TEST(Measure, SimulatedReadingsRepeatWithTheirSeed)
+{
+    const Bench bench({});
+    std::vector<std::string> firstColumns;
+    for (int turn = 1; turn <= 2; ++turn) {
+        ChildProgram program =
+            bench.Start({"measure", "--simulate", "--random-seed", "7", "--samples", "20", "--interval", "1",
+                         "--speed", "1000", "--quiet", "--output", bench.Output()},
+                        "errors.txt");
+        EXPECT_EQ(program.Wait(), 0) << bench.Said();
+        std::string columns;
+        for (const std::string& row : bench.Rows())
+            columns += row.substr(row.find(',')) + "\n"; // all but the time of day
+        EXPECT_EQ(bench.Rows().size(), 20U);
+        firstColumns.push_back(columns);
+    }
+    EXPECT_EQ(firstColumns[0], firstColumns[1]);
+}
+
+TEST(Measure, AFailedSaveLosesNothing)
+{
+    const Bench bench({});
+    const auto run = [&](const std::string& output) {
+        ChildProgram program = bench.Start({"measure", "--simulate", "--samples", "3", "--interval", "1",
+                                            "--speed", "1000", "--quiet", "--output", output},
+                                           "errors.txt");
+        return program.Wait();
+    };
+    EXPECT_EQ(run(bench.Folder().Path("absent/out.csv")), 1) << "told before anything is measured";
+    EXPECT_THAT(bench.Said(), HasSubstr("Data File can not create or save."));
+
+    EXPECT_EQ(run(bench.Folder().Path()), 1); // a folder is no file
+    EXPECT_THAT(bench.Said(), HasSubstr("Data File can not create or save."));
+    const std::string mark = "The readings were saved here instead: ";
+    const std::string said = bench.Said();
+    ASSERT_THAT(said, HasSubstr(mark));
+    const std::string path = said.substr(said.find(mark) + mark.size());
+    EXPECT_THAT(FileBytes(path.substr(0, path.find('\n'))), HasSubstr("\r\nData,3\r\n"));
+}
+
+TEST(Measure, TellsWrongUsageInOneLineAndTheUsage)
+{
+    const Bench bench({});
+    for (const std::vector<std::string>& arguments : {std::vector<std::string>{},
+                                                      {"measur"},
+                                                      {"ports", "all"},
+                                                      {"measure", "--simulate", "--samples", "0"}}) {
+        ChildProgram program = bench.Start(arguments, "errors.txt");
+        EXPECT_EQ(program.RestOfOutput(), "");
+        EXPECT_EQ(program.Wait(), 2);
+        EXPECT_TRUE(bench.Said().starts_with("quorvane-cli: "));
+        EXPECT_THAT(bench.Said(), HasSubstr("\n\nUsage:\n"));
+    }
+    ChildProgram help = bench.Start({"--help"}, "errors.txt");
+    EXPECT_THAT(help.RestOfOutput(), HasSubstr("--give-up SECONDS"));
+    EXPECT_EQ(help.Wait(), 0);
+}
+
+TEST(Ports, AreListedWithTheReasonWhyOneCannotBeUsed)
+{
+    const Bench bench({});
+    ChildProgram program(
+        QUORVANE_CLI, {"ports"}, bench.Folder().Path("errors.txt"),
+        {{"QUORVANE_COM2", bench.Device()}, {"QUORVANE_COM3", "/dev/null"}, {"LC_ALL", "C"}});
+    const std::string printed = program.RestOfOutput();
+    EXPECT_EQ(program.Wait(), 0);
+    EXPECT_THAT(printed, HasSubstr("COM2    " + bench.Device()));
+    EXPECT_THAT(printed, testing::ContainsRegex("COM2 .*can be used"));
+    EXPECT_THAT(printed, testing::ContainsRegex("COM3 .*does not answer as a serial line"));
+    EXPECT_THAT(printed, testing::ContainsRegex("COM5 .*/dev/ttyUSB0"));
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 15);
+}
+
+} // namespace
+} // namespace quorvane
