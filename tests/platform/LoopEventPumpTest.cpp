@@ -1,7 +1,11 @@
 #include "platform/LoopEventPump.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace quorvane::test {
 namespace {

@@ -2,6 +2,7 @@
 
 #include "serial/SerialControl.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdlib>
@@ -13,6 +14,7 @@
 #include <termios.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace quorvane::test {
 
