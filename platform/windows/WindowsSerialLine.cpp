@@ -3,6 +3,7 @@
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvane {
 

@@ -15,6 +15,9 @@ void (*HandlerOf(int signal))(int)
 
 TEST(InterruptWatch, CountsEachRequestSinceItBegan)
 {
+    constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGPIPE};
+    for (const int signal : kSignals)
+        std::signal(signal, SIG_DFL); // a test started in the background inherits an ignored interrupt
     {
         const InterruptWatch watch;
         EXPECT_EQ(watch.Count(), 0);
@@ -24,9 +27,21 @@ TEST(InterruptWatch, CountsEachRequestSinceItBegan)
         std::raise(SIGPIPE);
         EXPECT_EQ(watch.Count(), 4) << "a reader that went away is no request";
     }
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE})
+    for (const int signal : kSignals)
         EXPECT_EQ(HandlerOf(signal), SIG_DFL) << signal;
     EXPECT_EQ(InterruptWatch().Count(), 0);
+}
+
+TEST(InterruptWatch, AnInterruptThatWasIgnoredIsCounted)
+{
+    std::signal(SIGINT, SIG_IGN);
+    {
+        const InterruptWatch watch;
+        std::raise(SIGINT);
+        EXPECT_EQ(watch.Count(), 1) << "whoever interrupts a program in the background means it";
+    }
+    EXPECT_EQ(HandlerOf(SIGINT), SIG_IGN);
+    std::signal(SIGINT, SIG_DFL);
 }
 
 TEST(InterruptWatch, AProgramMeantToOutliveItsTerminalDoes)

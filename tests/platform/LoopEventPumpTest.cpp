@@ -1,7 +1,11 @@
 #include "platform/LoopEventPump.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace quorvane::test {
 namespace {
@@ -187,7 +191,10 @@ TEST_F(LoopEventPumpTest, ClosingEndsEveryServing)
     closer.SetInterval(45ms);
     closer.OnTick([&] { pump.Close(); });
     closer.Enable();
+    LoopTimer tooLate(pump);
+    Record(tooLate, "too late", 45ms);
     EXPECT_FALSE(pump.Serve(1h));
+    EXPECT_THAT(events, ElementsAre("later30"));
     EXPECT_FALSE(inner);
     EXPECT_EQ(time.Passed(), 45ms);
     EXPECT_TRUE(pump.Closing());
@@ -237,6 +244,20 @@ TEST_F(LoopEventPumpTest, HandlersMayMakeAndEndTimers)
     killer.Enable();
     EXPECT_TRUE(pump.Serve(30ms));
     EXPECT_THAT(events, ElementsAre("victim10", "n10", "made20", "made30"));
+}
+
+TEST_F(LoopEventPumpTest, AHandlerMayPutAnotherInItsPlace)
+{
+    LoopTimer timer(pump);
+    timer.SetInterval(10ms);
+    const std::string longName(100, 'n'); // a part of the first handler, and used after it was replaced
+    timer.OnTick([this, &timer, longName] {
+        timer.OnTick([this] { Note("second"); });
+        Note(longName.substr(0, 1));
+    });
+    timer.Enable();
+    EXPECT_TRUE(pump.Serve(20ms));
+    EXPECT_THAT(events, ElementsAre("n10", "second20"));
 }
 
 TEST_F(LoopEventPumpTest, AHandlerThatRestartsItsTimerBeginsANewPeriod)

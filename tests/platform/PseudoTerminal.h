@@ -2,6 +2,7 @@
 
 #include "serial/SerialControl.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdlib>
@@ -13,6 +14,7 @@
 #include <termios.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace quorvane::test {
 
@@ -45,6 +47,17 @@ public:
 
     [[nodiscard]] PortDevice Device() const { return {path_}; }
     [[nodiscard]] int HeldEnd() const { return held_; }
+
+    /// Sets the line as a terminal that people type at has it: echo, line editing, translated line ends.
+    void SetForTyping() const
+    {
+        termios mode{};
+        ::tcgetattr(held_, &mode);
+        mode.c_lflag |= ICANON | ECHO | ISIG | IEXTEN;
+        mode.c_iflag |= ICRNL | BRKINT | ISTRIP | IXON | IXOFF | IXANY;
+        mode.c_oflag |= OPOST | ONLCR;
+        ::tcsetattr(held_, TCSANOW, &mode);
+    }
 
     /// @return how much of `text` the line took
     std::size_t Write(std::string_view text) const

@@ -1,8 +1,10 @@
 #include "platform/posix/PosixSerialControl.h"
 #include "tests/platform/PseudoTerminal.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <iterator>
 
 namespace quorvane::test {
 namespace {

@@ -58,7 +58,7 @@ TEST(SerialControl, SetsTheLine)
         LineSettings settings;
         speed_t speed;
         tcflag_t controlFlags; ///< of CSTOPB, PARODD and CRTSCTS; a pseudo-terminal drops PARENB and 7 bits
-        tcflag_t inputFlags;   ///< of IXON, IXOFF and INPCK
+        tcflag_t inputFlags;   ///< of IXON, IXOFF, IXANY and INPCK
     } rows[] = {
         {"the usual line", {}, B38400, CRTSCTS, 0},
         {"no handshaking", {.handshaking = Handshaking::None}, B38400, 0, 0},
@@ -70,13 +70,14 @@ TEST(SerialControl, SetsTheLine)
     };
     for (const auto& row : rows) {
         const PseudoTerminal line;
+        line.SetForTyping();
         PosixSerialControl control;
         ASSERT_FALSE(control.Open(line.Device(), row.settings)) << row.what;
         termios mode{};
         ASSERT_EQ(::tcgetattr(line.HeldEnd(), &mode), 0);
         EXPECT_EQ(::cfgetospeed(&mode), row.speed) << row.what;
         EXPECT_EQ(mode.c_cflag & (CSTOPB | PARODD | CRTSCTS), row.controlFlags) << row.what;
-        EXPECT_EQ(mode.c_iflag & (IXON | IXOFF | INPCK), row.inputFlags) << row.what;
+        EXPECT_EQ(mode.c_iflag & (IXON | IXOFF | IXANY | INPCK), row.inputFlags) << row.what;
         EXPECT_EQ(mode.c_lflag & (ICANON | ECHO | ISIG), 0U) << row.what;
     }
 }
@@ -84,6 +85,7 @@ TEST(SerialControl, SetsTheLine)
 TEST(SerialControl, EveryByteGoesThroughUnchangedBothWays)
 {
     const PseudoTerminal line;
+    line.SetForTyping();
     PosixSerialControl control;
     ASSERT_FALSE(control.Open(line.Device(), Plain()));
     std::string all;
