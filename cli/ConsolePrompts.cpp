@@ -1,16 +1,17 @@
 #include "cli/ConsolePrompts.h"
 
-#include <algorithm>
-
 namespace quorvane {
 
 Answer ConsolePrompts::Show(const Message& message)
 {
-    std::string line = message.text;
-    for (std::size_t at = line.find("\r\n"); at != std::string::npos; at = line.find("\r\n", at))
-        line.replace(at, 2, " ");
-    line.erase(std::unique(line.begin(), line.end(), [](char a, char b) { return a == ' ' && b == ' '; }),
-               line.end());
+    std::string line;
+    for (const char c : message.text) {
+        const bool blank = c == ' ' || c == '\r' || c == '\n';
+        if (!blank)
+            line += c;
+        else if (!line.empty() && line.back() != ' ')
+            line += ' ';
+    }
     console_.Say(line);
     return message.buttons == Buttons::Ok ? Answer::Ok : Answer::No;
 }
