@@ -97,7 +97,7 @@ private:
 
 Measurement::Measurement(const MeasureOptions& options)
     : options_(options),
-      world_(!options.quiet),
+      world_(true),
       settings_(state_, *system_.files, *system_.codePage, *system_.clock, *system_.locale, kProgramVersion),
       prompts_(world_.console, options.output),
       port_(*system_.portNames, options.port),
