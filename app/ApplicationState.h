@@ -7,7 +7,7 @@ namespace quorvane {
 
 /// Where the program lives and which language it speaks.
 struct ProgramPlace {
-    std::string AppPath; ///< folder of the program's own files, UTF-8, without a trailing separator
+    std::string AppPath;             ///< folder of the program's own files, UTF-8, as the system writes it
     std::int16_t LanguageOffset = 0; ///< 0 or 10000, added to every text number
 };
 
@@ -16,6 +16,13 @@ struct ComputerSettings {
     bool RunMode = false;      ///< true: readings come from the instrument; false: they are simulated
     std::string DefaultFolder; ///< where file dialogs start
 };
+
+/// Readings of a run, and seconds from one to the next, at most; at least 1 of each.
+inline constexpr int kMaxSamples = 65500;
+inline constexpr int kMaxSamplingSeconds = 900;
+/// Range of the exposure limits, mg/m3.
+inline constexpr double kLowestAlarmLimit = 0.001;
+inline constexpr double kHighestAlarmLimit = 10;
 
 /// The serial line. All texts as the settings file holds them.
 struct PortSettings {
@@ -77,7 +84,7 @@ struct GraphFlags {
 
 /// Values of the run in progress, or of the last one.
 struct RunValues {
-    std::int32_t SampleCount = 0; ///< number of the sample being taken, from 1
+    std::int32_t SampleCount = 0; ///< number of the sample being taken, from 1; after the run: of those taken
     std::int16_t WaitSeconds = 0; ///< ticks of `Timer1` in the wait that is going on
     std::int16_t DataPresent = 0; ///< 1 when the measurement arrays hold a finished run
     std::int16_t DataSaved = 0;   ///< 1 when that run is in a file

@@ -1,5 +1,6 @@
 #include "cli/CommandWorld.h"
 
+#include "files/AppFiles.h"
 #include "resources/OwnTexts.h"
 
 namespace quorvane {
@@ -19,7 +20,7 @@ CommandWorld::CommandWorld(bool progress)
       texts(table, state),
       console(progress && StandardErrorIsTerminal())
 {
-    state.AppPath = EnvironmentText("QUORVANE_HOME").value_or(ProgramFolder());
+    state.AppPath = ProgramFilesFolder(EnvironmentText("QUORVANE_HOME"), ProgramFolder());
 }
 
 std::string CommandWorld::Reason(const PortFault& fault) const

@@ -66,9 +66,9 @@ private:
     [[nodiscard]] bool OutputFolderExists();
     void PassInterruptsOn();
     void Watch();
-    void TellPortLoss();
-    void GiveUpWhenSilent();
-    void ShowProgress();
+    void TellPortLoss(const RunStatus& status);
+    void ShowProgress(const RunStatus& status);
+    void GiveUpWhenSilent(const RunStatus& status);
     [[nodiscard]] bool Save();
 
     const MeasureOptions& options_;
@@ -91,7 +91,6 @@ private:
     MeasurementRun run_;
     InterruptWatch interrupts_;
     int interruptsSeen_ = 0;
-    bool gaveUp_ = false;
     bool portLossTold_ = false;
 };
 
@@ -112,8 +111,19 @@ Measurement::Measurement(const MeasureOptions& options)
             {*system_.files, *system_.codePage, *system_.locale, *system_.clock, prompts_, world_.texts,
              kProgramVersion}),
       run_(state_, arrays_,
-           {link_, *system_.serial, pump_, timer1_, timer2_, timer3_, *system_.clock, prompts_, log_,
-            world_.texts, MakeRandomSource(options.randomSeed), [this] { save_.SaveMeasurement(); }, report_})
+           {.link = link_,
+            .control = *system_.serial,
+            .pump = pump_,
+            .timer1 = timer1_,
+            .timer2 = timer2_,
+            .timer3 = timer3_,
+            .clock = *system_.clock,
+            .prompts = prompts_,
+            .log = log_,
+            .texts = world_.texts,
+            .random = MakeRandomSource(options.randomSeed),
+            .save = [this] { save_.SaveMeasurement(); },
+            .observer = report_})
 {
     watchTimer_.OnTick([this] { Watch(); });
     pump_.OnIdle([this] { PassInterruptsOn(); });
@@ -137,7 +147,7 @@ int Measurement::Run()
     if (!RunTookPlace(result))
         return kExitFailed;
     const bool saved = Save();
-    return saved && result != RunResult::ReadFailed && !gaveUp_ ? kExitDone : kExitFailed;
+    return saved && result != RunResult::ReadFailed ? kExitDone : kExitFailed;
 }
 
 /// A run of hours must not end with a place to save that was never there.
@@ -163,43 +173,40 @@ void Measurement::Watch()
 {
     if (run_.State() != RunState::Measuring)
         return;
-    TellPortLoss();
-    GiveUpWhenSilent();
-    ShowProgress();
+    const RunStatus status = run_.Status();
+    TellPortLoss(status);
+    ShowProgress(status);
+    GiveUpWhenSilent(status);
 }
 
-void Measurement::TellPortLoss()
+void Measurement::TellPortLoss(const RunStatus& status)
 {
-    if (run_.Lines().PortLost() && !portLossTold_)
+    if (status.portLost && !portLossTold_)
         world_.console.Say(world_.texts[kPortLostText]);
-    portLossTold_ = run_.Lines().PortLost();
+    portLossTold_ = status.portLost;
 }
 
-void Measurement::GiveUpWhenSilent()
+void Measurement::GiveUpWhenSilent(const RunStatus& status)
 {
-    const auto since = run_.Lines().SilentSince();
+    const auto since = status.silentSince;
     if (!options_.giveUp || !since || system_.clock->SteadyNow() - *since < *options_.giveUp)
         return;
-    gaveUp_ = true;
     const double seconds = static_cast<double>(options_.giveUp->count()) / 1000;
     world_.console.Say(FilledIn(world_.texts[kGivenUpText], GeneralText(seconds)));
     run_.Stop();
 }
 
-void Measurement::ShowProgress()
+void Measurement::ShowProgress(const RunStatus& status)
 {
-    const auto planned = static_cast<std::int32_t>(state_.TotalSamples);
-    const std::int32_t left = planned - run_.TakenSamples();
-    const double seconds = static_cast<double>(left) * state_.SamplingSeconds / options_.speed;
-    std::string line = std::to_string(run_.TakenSamples()) + "/" + std::to_string(planned) + "  -" +
-                       DurationText(std::chrono::seconds(static_cast<std::int64_t>(seconds)));
-    if (const int behind = run_.LinesBehind(); behind > 1)
-        line += "  +" + std::to_string(behind);
+    const double secondsLeft = static_cast<double>(status.left.count()) / options_.speed;
+    std::string line = std::to_string(status.taken) + "/" + std::to_string(status.planned) + "  -" +
+                       DurationText(std::chrono::seconds(static_cast<std::int64_t>(secondsLeft)));
+    if (status.linesBehind > 1)
+        line += "  +" + std::to_string(status.linesBehind);
     world_.console.SetProgress(std::move(line));
 }
 
-/// Saves where it was asked for, or, so that nothing measured is lost, beside the program's own files or
-/// among the temporary ones. @return whether the readings are where they were asked for
+/// @return whether the readings are where they were asked for
 bool Measurement::Save()
 {
     if (save_.SaveMeasurement() == SaveResult::Saved) {
@@ -208,16 +215,10 @@ bool Measurement::Save()
         return true;
     }
     std::error_code error;
-    const std::string temporary = Utf8FromPath(std::filesystem::temp_directory_path(error));
-    const auto stamp = system_.clock->Now().time_since_epoch().count();
-    const std::string name = "Quorvane-" + std::to_string(stamp) + ".csv";
-    for (const std::string& folder : {state_.AppPath, temporary}) {
-        const std::string path = FileInFolder(folder, name);
-        if (save_.SaveTo(path))
-            continue;
-        world_.console.Say(FilledIn(world_.texts[kRescuedText], path));
-        break;
-    }
+    const std::string folders[] = {state_.AppPath, Utf8FromPath(std::filesystem::temp_directory_path(error))};
+    const auto rescued = save_.Rescue(folders);
+    world_.console.Say(rescued ? FilledIn(world_.texts[kRescuedText], *rescued)
+                               : world_.texts[kNotRescuedText]);
     return false;
 }
 

@@ -1,17 +1,11 @@
 #include "cli/MeasureOptions.h"
 
-#include "measure/MeasurementRun.h"
-
 #include <algorithm>
-#include <array>
 #include <limits>
 
 namespace quorvane {
 
 namespace {
-
-constexpr double kLowestLimit = 0.001;
-constexpr double kHighestLimit = 10;
 
 constexpr CommandOption kOptions[] = {
     {"--port", "DEVICE|COMn", "measure from the instrument on this line"},
@@ -26,7 +20,7 @@ constexpr CommandOption kOptions[] = {
     {"--speed", "F",
      "pace the readings F times faster, to rehearse with a simulated "
      "instrument"},
-    {"--give-up", "SECONDS", "end the run when the instrument has been silent for so long"},
+    {"--give-up", "SECONDS", "stop the run when the instrument has been silent for so long"},
     {"--quiet", "", "do not print the readings"},
     {"--help", "", "show this"},
 };
@@ -35,7 +29,7 @@ std::optional<UsageFault> ReadLimit(const CommandOptions& given, std::string_vie
                                     std::optional<double>& limit)
 {
     double value = 0;
-    auto fault = given.ReadDecimal(name, kLowestLimit, kHighestLimit, value);
+    auto fault = given.ReadDecimal(name, kLowestAlarmLimit, kHighestAlarmLimit, value);
     if (!fault && given.Has(name))
         limit = value;
     return fault;

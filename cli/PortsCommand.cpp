@@ -4,6 +4,7 @@
 #include "cli/ExitStatus.h"
 #include "resources/OwnTexts.h"
 
+#include <algorithm>
 #include <string>
 
 namespace quorvane {
@@ -21,7 +22,7 @@ int RunPortsCommand()
             line += fault ? world.Reason(*fault) : world.texts[kPortUsableText];
         } else {
             line.resize(26, ' ');
-            line += world.texts[kPortUnnamedText];
+            line += FilledIn(world.texts[kPortUnnamedText], std::to_string(number));
         }
         world.console.Print(line);
     }

@@ -13,6 +13,7 @@ namespace {
 
 constexpr NumberPattern kAverage{.integerDigits = 1, .minDecimals = 4, .maxDecimals = 4};
 constexpr NumberPattern kConc{.integerDigits = 1, .minDecimals = 3, .maxDecimals = 3};
+constexpr NumberPattern kAlarmValue{.integerDigits = 1, .minDecimals = 0, .maxDecimals = 4};
 constexpr std::size_t kColumnWidth = 11;
 
 constexpr std::array<std::string_view, 8> kHeadings{"No.", "Time", "CPM",     "mg/m3",
@@ -59,11 +60,6 @@ void RunReport::StateChanged(RunState state)
     console_.Print(heading);
 }
 
-void RunReport::RunPrepared()
-{
-    newlyLit_.clear();
-}
-
 void RunReport::SampleAdded(int sample)
 {
     const auto i = static_cast<std::size_t>(sample);
@@ -79,8 +75,6 @@ void RunReport::LampChanged(Lamp lamp, bool lit)
     if (lit)
         newlyLit_.push_back(lamp); // told with its reading
 }
-
-void RunReport::RunEnded(RunResult) {}
 
 std::string RunReport::Row(std::size_t sample) const
 {
@@ -100,12 +94,12 @@ std::string RunReport::AlarmLine(std::size_t sample, Lamp lamp) const
 {
     const auto line = [&](int name, double value, double limit) {
         return Printable(arrays_.MeasureTime[sample]) + "  " + texts_[name] + ": " +
-               GeneralText(value, decimalSign_) + " mg/m3 (" + GeneralText(limit, decimalSign_) + ")";
+               PatternText(value, kAlarmValue, decimalSign_) + " mg/m3 (" + GeneralText(limit, decimalSign_) +
+               ")";
     };
-    const auto rounded = [](double value) { return LeadingNumber(PatternText(value, {1, 1, 4})); };
     switch (lamp) {
     case Lamp::Twa:
-        return line(kAlarmTwaText, rounded(arrays_.DerivedValueA[sample]), limits_.TwaAlarm);
+        return line(kAlarmTwaText, arrays_.DerivedValueA[sample], limits_.TwaAlarm);
     case Lamp::Ceiling:
         return line(kAlarmCeilingText, arrays_.ConcValue[sample], limits_.CAlarm);
     case Lamp::Stel:
@@ -113,8 +107,8 @@ std::string RunReport::AlarmLine(std::size_t sample, Lamp lamp) const
     }
     const double stel = arrays_.DerivedValueB[sample];
     if (stel > limits_.StelAlarm)
-        return line(kAlarmStelText, rounded(stel), limits_.StelAlarm);
-    return line(kAlarmExcursionText, rounded(stel), limits_.TwaAlarm);
+        return line(kAlarmStelText, stel, limits_.StelAlarm);
+    return line(kAlarmExcursionText, stel, limits_.TwaAlarm);
 }
 
 } // namespace quorvane

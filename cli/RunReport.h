@@ -18,10 +18,11 @@ public:
               const Texts& texts, std::string decimalSign, bool rows);
 
     void StateChanged(RunState state) override;
-    void RunPrepared() override;
+    void RunPrepared() override {}
+    void ReadingsCleared() override {}
     void SampleAdded(int sample) override;
     void LampChanged(Lamp lamp, bool lit) override;
-    void RunEnded(RunResult result) override;
+    void RunEnded(RunResult) override {}
 
 private:
     [[nodiscard]] std::string Row(std::size_t sample) const;

@@ -1,5 +1,6 @@
 #include "files/SaveCommand.h"
 
+#include "files/AppFiles.h"
 #include "files/DataFile.h"
 #include "instrument/DateTimeText.h"
 #include "resources/OwnTexts.h"
@@ -46,6 +47,19 @@ std::optional<FileFault> SaveCommand::SaveTo(const std::string& path)
     if (!fault)
         state_.DataSaved = 1;
     return fault;
+}
+
+std::optional<std::string> SaveCommand::Rescue(std::span<const std::string> folders)
+{
+    const std::string name = "Quorvane-" + FileStamp(world_.clock.Now()) + ".csv";
+    for (const std::string& folder : folders) {
+        if (folder.empty())
+            continue;
+        std::string path = FileInFolder(folder, name);
+        if (!SaveTo(path))
+            return path;
+    }
+    return std::nullopt;
 }
 
 void SaveCommand::TellFailure(const FileFault& fault)

@@ -11,6 +11,7 @@
 #include "measure/MeasurementArrays.h"
 
 #include <optional>
+#include <span>
 #include <string>
 
 namespace quorvane {
@@ -46,6 +47,11 @@ public:
 
     /// Saves to `path` (UTF-8) without a word. `DataSaved` becomes 1 when the file is complete.
     [[nodiscard]] std::optional<FileFault> SaveTo(const std::string& path);
+
+    /// Saves to the first of `folders` (UTF-8, an empty one is left out) that takes it, under a name made of
+    /// date and time: so that nothing measured is lost when the chosen place fails.
+    /// @return the path, or nothing when no folder took it
+    [[nodiscard]] std::optional<std::string> Rescue(std::span<const std::string> folders);
 
 private:
     void TellFailure(const FileFault& fault);

@@ -23,7 +23,6 @@ constexpr std::string_view kFalse = " False";
 constexpr std::string_view kOnlySpeed = "38400";
 constexpr std::int16_t kOnlyFlow = 3;
 constexpr std::int16_t kUsualSamplingSeconds = 60;
-constexpr double kLongestSamplingSeconds = 900;
 
 /// A line that is always the same.
 struct Fixed {
@@ -253,8 +252,8 @@ std::int16_t SamplingSecondsOf(const MeasureSettings& measure)
         return kUsualSamplingSeconds;
     const double planned = measure.TotalHours * 3600 + measure.TotalMinutes * 60 + measure.TotalSeconds;
     const double seconds = std::round(planned / measure.TotalSamples);
-    return seconds >= 1 && seconds <= kLongestSamplingSeconds ? static_cast<std::int16_t>(seconds)
-                                                              : kUsualSamplingSeconds;
+    return seconds >= 1 && seconds <= kMaxSamplingSeconds ? static_cast<std::int16_t>(seconds)
+                                                          : kUsualSamplingSeconds;
 }
 
 } // namespace

@@ -89,6 +89,20 @@ std::string SystemDateTimeText(LocalMoment moment, const LocaleItems& locale)
     return SystemDateText(moment, locale) + " " + Formatted(moment, locale.TimeFormat(), locale);
 }
 
+std::string FileStamp(LocalMoment moment)
+{
+    const Fields fields = FieldsOf(moment);
+    std::string text;
+    AppendPadded(text, static_cast<int>(fields.date.year()), 4);
+    AppendPadded(text, static_cast<unsigned>(fields.date.month()), 2);
+    AppendPadded(text, static_cast<unsigned>(fields.date.day()), 2);
+    text += '-';
+    AppendPadded(text, fields.time.hours().count(), 2);
+    AppendPadded(text, fields.time.minutes().count(), 2);
+    AppendPadded(text, fields.time.seconds().count(), 2);
+    return text;
+}
+
 std::string InstrumentTimeText(LocalMoment moment)
 {
     const Fields fields = FieldsOf(moment);

@@ -13,6 +13,9 @@ namespace quorvane {
 /// Date, one blank, time, as the user's system writes them.
 [[nodiscard]] std::string SystemDateTimeText(LocalMoment moment, const LocaleItems& locale);
 
+/// Date and time for a file's name, the same everywhere: "20240501-093000".
+[[nodiscard]] std::string FileStamp(LocalMoment moment);
+
 /// The time of day in the form of the instrument's lines: "hh:mm:ss", 24 hours.
 [[nodiscard]] std::string InstrumentTimeText(LocalMoment moment);
 

@@ -10,13 +10,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr char kStreamLetter = 'D';
 /// So many bytes have to wait before a line is read. A line of three fields has 26: it is taken when the next
 /// one begins to arrive. That is meant.
 constexpr int kEnoughBytes = 28;
-/// `Timer1` counts this far and is switched off then; the wait itself goes on.
+/// Once the count exceeds this `Timer1` is switched off; the wait itself goes on.
 constexpr int kCountedSeconds = 20;
-constexpr auto kNap = 10ms; // see the link's waits
 
 } // namespace
 
@@ -62,9 +60,7 @@ InstrumentLines::Taken InstrumentLines::Take(std::int32_t sample)
                                 read.text, read.reads);
             return {.outcome = Outcome::Failed, .text = std::move(read.text)};
         case ReadOutcome::PortLost:
-            // The part of a line is dropped; the wait goes on, for the device may come back.
-            portLost_ = true;
-            log_.LogSerialError(DataReadName(kStreamLetter), read.text, read.reads);
+            NoteLoss(read); // and wait on, for the device may come back
             break;
         }
     }
@@ -105,15 +101,42 @@ LineRead InstrumentLines::ReadLine(std::int32_t sample)
     return reader_.ReadDataLine();
 }
 
-/// What a lost port has left in the buffer: a whole line when its last bytes had come, a part of one
-/// otherwise.
+/// What a lost port has left in the buffer. Whole lines are readings, however few bytes they have.
 LineRead InstrumentLines::TakeRest()
 {
     control_.SetInputLen(0);
     LineRead rest;
+    rest.outcome = ReadOutcome::PortLost;
     rest.text = control_.Input();
-    rest.outcome = acknowledged_ && IsWholeLine(rest.text) ? ReadOutcome::Complete : ReadOutcome::PortLost;
+    const std::size_t end = rest.text.rfind(kLineEnd);
+    if (acknowledged_ && end != std::string::npos && end + kLineEnd.size() >= kShortestLine) {
+        rest.outcome = ReadOutcome::Complete;
+        rest.text.resize(end + kLineEnd.size());
+    }
     return rest;
+}
+
+/// The part of a line is dropped.
+void InstrumentLines::NoteLoss(const LineRead& read)
+{
+    portLost_ = true;
+    log_.LogSerialError(DataReadName(kStreamLetter), read.text, read.reads);
+}
+
+void InstrumentLines::Look()
+{
+    const bool nothingLeft = control_.InBufferCount() == 0;
+    if (nothingLeft && !control_.IsOpen() && !portLost_)
+        NoteLoss({});
+}
+
+void InstrumentLines::End()
+{
+    static_cast<void>(control_.InBufferCount());
+    if (control_.IsOpen() || portLost_)
+        return;
+    control_.SetInputLen(0);
+    NoteLoss({.outcome = ReadOutcome::PortLost, .text = control_.Input(), .reads = 0});
 }
 
 int InstrumentLines::Behind()

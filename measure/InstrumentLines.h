@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ApplicationState.h"
+#include "app/EventPump.h"
 #include "app/LocalClock.h"
 #include "app/TickTimer.h"
 #include "measure/LineReader.h"
@@ -18,7 +19,7 @@ class InstrumentLines {
 public:
     struct Parts {
         SerialControl& control;
-        TickTimer& timer1;
+        TickTimer& timer1; ///< its handler, the link's, counts `WaitSeconds`
         const LocalClock& clock;
         SerialLog& log;
     };
@@ -38,6 +39,14 @@ public:
     /// log when this returns.
     [[nodiscard]] Taken Take(std::int32_t sample);
 
+    /// A look at the line between two readings: takes in what has come, so that it does not wait in the
+    /// system where a hang-up would lose it, and notices a loss.
+    void Look();
+
+    /// The last look of a run: what a lost port has left in the middle of a line is in the error log after
+    /// it.
+    void End();
+
     /// Whole lines that wait behind the last one taken, as far as lines of its length tell.
     [[nodiscard]] int Behind();
     /// Since when a line is awaited and no byte has come; nothing while no line is awaited.
@@ -53,6 +62,7 @@ private:
     [[nodiscard]] Wait AwaitBytes();
     [[nodiscard]] LineRead ReadLine(std::int32_t sample);
     [[nodiscard]] LineRead TakeRest();
+    void NoteLoss(const LineRead& read);
 
     RunValues& run_;
     SerialControl& control_;

@@ -10,7 +10,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr char kStreamLetter = 'D';
 constexpr int kMaxAcknowledgementReads = 1000;
 constexpr int kMaxEmptyReads = 100;
 /// A device that never pauses would keep the window from its events; after so many characters in a row they

@@ -16,11 +16,9 @@ using std::chrono::floor;
 
 namespace {
 
-constexpr char kStreamLetter = 'D';
 constexpr int kInstrumentSettingTitle = 161;
 constexpr int kStartCaption = 223;
 constexpr int kEndCaption = 225;
-constexpr auto kNap = 10ms; // see the link's waits
 
 } // namespace
 
@@ -41,9 +39,9 @@ MeasurementRun::MeasurementRun(ApplicationState& state, MeasurementArrays& array
 
 RunResult MeasurementRun::Start()
 {
-    if (starting_)
+    if (underWay_)
         return RunResult::AlreadyRunning;
-    const ScopedFlag starting(starting_);
+    const ScopedFlag underWay(underWay_);
 
     if (const Refusal refusal = CheckLimits())
         return *refusal;
@@ -52,6 +50,8 @@ RunResult MeasurementRun::Start()
 
     CancelRequested = 0;
     readFailed_ = false;
+    stopRequested_ = false;
+    stopAbandoned_ = false;
     SetState(RunState::Preparing);
     if (const Refusal refusal = CheckPlan())
         return End(*refusal);
@@ -63,8 +63,7 @@ RunResult MeasurementRun::Start()
         return End(*refusal);
 
     PrepareRun();
-    SendStreamRequest();
-    Measure();
+    Measure(SendStreamRequest());
     Disconnect();
     state_.DataPresent = 1;
     if (readFailed_)
@@ -160,30 +159,32 @@ void MeasurementRun::PrepareRun()
     RunDate = floor<days>(now);
     if (state_.RunMode)
         parts_.control.ClearInBuffer();
+    parts_.observer.ReadingsCleared();
 }
 
-void MeasurementRun::SendStreamRequest()
+/// @return false when a living device did not take the request; one that has just gone is silence
+bool MeasurementRun::SendStreamRequest()
 {
     if (!state_.RunMode || CancelRequested != 0)
-        return;
+        return true;
     parts_.link.SetStreaming(true);
-    // A device that has just gone is silence; a request that a living one does not take is a failure.
-    if (parts_.control.Output(Request(kStreamLetter)) || !parts_.control.IsOpen())
-        return;
-    parts_.log.LogSerialError(CommandName(kStreamLetter), {}, 0);
-    Fail();
+    return parts_.control.Output(Request(kStreamLetter)) || !parts_.control.IsOpen();
 }
 
-void MeasurementRun::Measure()
+void MeasurementRun::Measure(bool requestTaken)
 {
     SetState(RunState::Measuring);
     if (CancelRequested == 0)
         parts_.timer2.Enable();
     state_.DataPresent = 0;
     state_.DataSaved = 0; // or a run after a saved one could be lost without a question
+    if (!requestTaken) {
+        parts_.log.LogSerialError(CommandName(kStreamLetter), {}, 0);
+        Fail();
+    }
     while (state_.SampleCount < PlannedSamples() && CancelRequested == 0) {
-        if (!ServeRun(kNap))
-            break;
+        if (ServeRun(kNap) && state_.RunMode)
+            lines_.Look();
     }
 }
 
@@ -202,14 +203,19 @@ void MeasurementRun::Disconnect()
     if (!state_.RunMode)
         return;
     parts_.link.SetStreaming(false);
-    stopAbandoned_ = false;
-    if (parts_.control.IsOpen()) {
-        static_cast<void>(
-            parts_.link.CheckInstrument()); // a failure is in the error log; the readings are safe
-        if (!stopAbandoned_ && parts_.link.WaitTicks(1, 1000ms) == WaitOutcome::Elapsed)
-            parts_.control.ClearInBuffer();
-    }
+    lines_.End();
+    SendStopExchange();
     parts_.link.ClosePort();
+}
+
+/// A failure is in the error log; the readings are safe.
+void MeasurementRun::SendStopExchange()
+{
+    if (stopAbandoned_ || !parts_.control.IsOpen())
+        return;
+    static_cast<void>(parts_.link.CheckInstrument());
+    if (!stopAbandoned_ && parts_.link.WaitTicks(1, 1000ms) == WaitOutcome::Elapsed)
+        parts_.control.ClearInBuffer();
 }
 
 RunResult MeasurementRun::End(RunResult result)
@@ -232,6 +238,8 @@ void MeasurementRun::Stop()
         parts_.link.Cancel();
         break;
     case RunState::Measuring:
+        stopAbandoned_ = stopRequested_;
+        stopRequested_ = true;
         Cancel();
         break;
     case RunState::Stopping:
@@ -277,6 +285,20 @@ void MeasurementRun::ResetAlarms()
         return;
     record_.StartSpan(state_.SampleCount);
     lamps_.Clear();
+}
+
+RunStatus MeasurementRun::Status()
+{
+    RunStatus status;
+    status.taken = takenSamples_;
+    status.planned = static_cast<std::int32_t>(state_.TotalSamples);
+    status.left = std::chrono::seconds(state_.SamplingSeconds) * std::max(0, status.planned - status.taken);
+    status.silentSince = lines_.SilentSince();
+    if (state_.RunMode && runState_ == RunState::Measuring) {
+        status.linesBehind = lines_.Behind();
+        status.portLost = lines_.PortLost();
+    }
+    return status;
 }
 
 // ---- the polling step -----------------------------------------------------------------------------------

@@ -20,9 +20,17 @@
 
 namespace quorvane {
 
-/// The readings that a run can have and the seconds between them.
-inline constexpr int kMaxSamples = 65500;
-inline constexpr int kMaxSamplingSeconds = 900;
+/// How a run is getting on, for a status line.
+struct RunStatus {
+    std::int32_t taken = 0;      ///< readings so far
+    std::int32_t planned = 0;    ///< readings in all
+    std::chrono::seconds left{}; ///< until the last one, by the sampling interval
+    int linesBehind =
+        0; ///< whole lines that wait behind the last one taken; more than 1: the instrument is faster
+    bool portLost = false; ///< the device of the running measurement has gone
+    /// Since when a line is awaited and no byte has come; nothing while no line is awaited.
+    std::optional<std::chrono::steady_clock::time_point> silentSince;
+};
 
 /// One measurement run: start, pacing, the polling step that takes a reading, stop. `Start` returns when the
 /// run has ended; all sampling happens in the timers' handlers while it serves events.
@@ -64,13 +72,11 @@ public:
     void ResetAlarms();
 
     [[nodiscard]] RunState State() const { return runState_; }
-    [[nodiscard]] std::int32_t TakenSamples() const { return takenSamples_; }
     [[nodiscard]] const LampsLit& Lamps() const { return lamps_.Lit(); }
-    /// Whole lines that wait behind the last one taken. 0 or 1 is normal; more means that the instrument
-    /// sends faster than the run takes.
-    [[nodiscard]] int LinesBehind() { return state_.RunMode ? lines_.Behind() : 0; }
-    /// What is known of the line that is awaited.
-    [[nodiscard]] const InstrumentLines& Lines() const { return lines_; }
+    [[nodiscard]] RunStatus Status();
+    /// The date that the readings belong to by the computer's clock: that of the start, a day on for each
+    /// midnight noticed.
+    [[nodiscard]] std::chrono::local_days Date() const { return RunDate; }
 
 private:
     using Refusal = std::optional<RunResult>;
@@ -80,10 +86,11 @@ private:
     [[nodiscard]] Refusal Connect();
     void SetPacing();
     void PrepareRun();
-    void SendStreamRequest();
-    void Measure();
+    [[nodiscard]] bool SendStreamRequest();
+    void Measure(bool requestTaken);
     [[nodiscard]] double PlannedSamples() const;
     void Disconnect();
+    void SendStopExchange();
     RunResult End(RunResult result);
     void ShowCritical(std::string text, int titleId = 101);
     void SetState(RunState state);
@@ -105,8 +112,9 @@ private:
     AlarmLamps lamps_;
 
     RunState runState_ = RunState::Idle;
-    bool starting_ = false;
+    bool underWay_ = false;
     bool readFailed_ = false;
+    bool stopRequested_ = false;
     bool stopAbandoned_ = false;
     std::int16_t CancelRequested = 0;
     std::int32_t takenSamples_ = 0;

@@ -32,8 +32,8 @@ std::optional<std::chrono::seconds> TimeOfDay(std::string_view text)
 
 void ReadingClock::Begin(LocalMoment start)
 {
+    *this = {};
     previous_ = start;
-    first_ = true;
 }
 
 LocalMoment ReadingClock::First(LocalMoment start, std::chrono::seconds timeOfDay)
@@ -51,19 +51,28 @@ LocalMoment ReadingClock::First(LocalMoment start, std::chrono::seconds timeOfDa
 LocalMoment ReadingClock::Next(std::string_view timeText)
 {
     const auto timeOfDay = TimeOfDay(timeText);
-    if (!timeOfDay)
-        return previous_; // and the next readable time is still the first
-    if (first_) {
-        first_ = false;
-        previous_ = First(previous_, *timeOfDay);
-        return previous_;
+    if (timeOfDay && !anyRead_) {
+        previousRead_ = First(previous_, *timeOfDay);
+        // Readings without a time came before and took the computer's; the instrument's clock may be behind
+        // it.
+        if (anyGiven_ && previousRead_ < previous_)
+            shift_ = previous_ - previousRead_;
+        anyRead_ = true;
+    } else if (timeOfDay) {
+        previousRead_ = Following(previousRead_, *timeOfDay);
     }
-    const LocalMoment sameDay = floor<days>(previous_) + *timeOfDay;
-    if (sameDay >= previous_)
-        previous_ = sameDay;
-    else if (previous_ - sameDay > 12h)
-        previous_ = sameDay + days(1);
+    anyGiven_ = true;
+    if (timeOfDay)
+        previous_ = previousRead_ + shift_;
     return previous_;
+}
+
+LocalMoment ReadingClock::Following(LocalMoment previous, std::chrono::seconds timeOfDay)
+{
+    const LocalMoment sameDay = floor<days>(previous) + timeOfDay;
+    if (sameDay >= previous)
+        return sameDay;
+    return previous - sameDay > 12h ? sameDay + days(1) : previous;
 }
 
 } // namespace quorvane

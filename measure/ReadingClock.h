@@ -14,7 +14,7 @@ namespace quorvane {
 /// Gives each reading its date-time. The instrument sends only a time of day, by a clock that may be some
 /// seconds off the computer's; the date-times made of it never run backwards:
 /// a time of day more than 12 hours before the previous one is the next day, one less than that before it
-/// counts as the previous instant, and an unreadable one takes the previous date-time.
+/// counts as the previous instant, and an unreadable one takes the previous date-time (at first the start's).
 class ReadingClock {
 public:
     /// @param start  the computer's date and time at the start of the run
@@ -24,9 +24,13 @@ public:
 
 private:
     [[nodiscard]] static LocalMoment First(LocalMoment start, std::chrono::seconds timeOfDay);
+    [[nodiscard]] static LocalMoment Following(LocalMoment previous, std::chrono::seconds timeOfDay);
 
-    LocalMoment previous_{};
-    bool first_ = true;
+    LocalMoment previous_{};       ///< as it was given out
+    LocalMoment previousRead_{};   ///< by the instrument's clock
+    std::chrono::seconds shift_{}; ///< between the two
+    bool anyGiven_ = false;
+    bool anyRead_ = false;
 };
 
 } // namespace quorvane

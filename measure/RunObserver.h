@@ -32,17 +32,24 @@ enum class RunResult {
 
 enum class Lamp { Twa, Stel, Ceiling };
 
-/// What a window or the command line hears of a run, on the thread that runs it.
+/// What a window or the command line hears of a run, on the thread that runs it. Handlers may call the run's
+/// `Stop`; they must not serve events. What comes in a run: `StateChanged`, `RunPrepared`, `ReadingsCleared`
+/// with the lamps going out, then for each reading the lamps that it lights and its `SampleAdded`, at the end
+/// `RunEnded`.
 class RunObserver {
 public:
     virtual ~RunObserver() = default;
     virtual void StateChanged(RunState state) = 0;
-    /// The run is about to begin: chart and table make themselves ready. The earlier readings are still
-    /// there.
+    /// The run is about to begin. The earlier readings are still there, and stay when the run cannot start.
     virtual void RunPrepared() = 0;
-    /// Reading `sample` (from 1) is complete: all its arrays are filled.
+    /// The new run's arrays have replaced those of the earlier one; all are empty.
+    virtual void ReadingsCleared() = 0;
+    /// Reading `sample` (from 1) is complete: all its arrays are filled. It counts as taken when this
+    /// returns.
     virtual void SampleAdded(int sample) = 0;
     virtual void LampChanged(Lamp lamp, bool lit) = 0;
+    /// Follows each `StateChanged` to Preparing, in state Idle. A start that is refused before that is told
+    /// by the result of `Start` alone.
     virtual void RunEnded(RunResult result) = 0;
 };
 

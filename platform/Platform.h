@@ -34,7 +34,6 @@ struct Platform {
 /// nothing
 [[nodiscard]] std::optional<std::string> EnvironmentText(const std::string& name);
 
-[[nodiscard]] bool StandardOutputIsTerminal();
 [[nodiscard]] bool StandardErrorIsTerminal();
 
 } // namespace quorvane

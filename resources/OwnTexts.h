@@ -31,10 +31,10 @@ enum OwnText : int {
     kAlarmCeilingText = 1023,
     kSavedText = 1024,
     kPortLostText = 1025,
-    kStoppedText = 1026,
     kGivenUpText = 1027, ///< %1: seconds of silence
     kAlarmExcursionText = 1028,
     kRescuedText = 1029, ///< %1: a file's path
+    kNotRescuedText = 1030,
 };
 
 /// The number of the sentence that explains the fault to the operator.

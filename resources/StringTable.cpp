@@ -88,13 +88,14 @@ constexpr Entry kEntries[] = {
     {kSavedText, "Saved", "保存しました"},
     {kPortLostText, "Port lost; waiting for the instrument",
      "ポートとの接続が失われました。測定器を待っています"},
-    {kStoppedText, "Stopped", "停止しました"},
     {kGivenUpText, "No data from the instrument for %1 s; the run was given up",
      "測定器から %1 秒間データが届かないため、計測を打ち切りました"},
     {kAlarmExcursionText, "Alarm TLV-STEL (too many or too close excursions above TLV-TWA)",
      "警報 TLV-STEL（TLV-TWA を超える回数または間隔が不適切）"},
     {kRescuedText, "The readings were saved here instead: %1",
      "測定データを代わりに次の場所へ保存しました: %1"},
+    {kNotRescuedText, "The readings could not be saved anywhere.",
+     "測定データはどこにも保存できませんでした。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -24,5 +24,5 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build)
-test_packages=("${build_packages[@]}" git clang-format clang-tidy libgtest-dev libgmock-dev libbenchmark-dev
+test_packages=("${build_packages[@]}" git clang-format-14 clang-tidy-14 libgtest-dev libgmock-dev libbenchmark-dev
     g++-mingw-w64-x86-64-posix)

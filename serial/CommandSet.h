@@ -5,10 +5,12 @@
 
 namespace quorvane {
 
-/// The rules that all commands of the instrument share. A request is one upper-case letter, its parameters,
-/// CR LF. An answer begins with "A" and the same letter and ends in CR LF.
+// The rules that all commands of the instrument share. A request is one upper-case letter, its parameters,
+// CR LF. An answer begins with "A" and the same letter and ends in CR LF.
 
 inline constexpr std::string_view kLineEnd = "\r\n";
+inline constexpr char kLinkCheckLetter = 'N';
+inline constexpr char kStreamLetter = 'D'; ///< starts the stream of data lines
 
 /// @param letter      the command
 /// @param parameters  fields with ";" between them, or nothing

@@ -12,11 +12,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr char kLinkCheckLetter = 'N';
 constexpr int kMaxReads = 100;
-/// How long one look at events, counter and port may last. Short enough to feel immediate, long enough that
-/// a waiting program costs next to nothing.
-constexpr auto kNap = 10ms;
 
 } // namespace
 

@@ -23,7 +23,7 @@ enum class WaitOutcome {
 };
 
 /// The one link to the instrument: opens and closes the port, waits, and checks that the instrument answers.
-/// With `RunMode` false nothing here touches a port and everything succeeds at once.
+/// With `RunMode` false `OpenPort`, `ClosePort` and `CheckInstrument` touch no port and succeed at once.
 class PortLink {
 public:
     struct Parts {
@@ -47,7 +47,8 @@ public:
 
     /// Waits about `count` times `interval`, serving events. Notices a port that is lost meanwhile.
     /// Waits never nest: called from within another wait it ends that one and does not wait itself
-    /// (`Cancelled`), because the inner one would reset the outer one's counter.
+    /// (`Cancelled`), because the inner one would reset the outer one's counter. Nor does it wait while the
+    /// instrument streams.
     [[nodiscard]] WaitOutcome WaitTicks(int count, std::chrono::milliseconds interval);
 
     /// The "N" exchange: wakes the instrument, waits until the line has been quiet for a second, and demands

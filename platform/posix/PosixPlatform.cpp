@@ -41,11 +41,6 @@ std::optional<std::string> EnvironmentText(const std::string& name)
     return std::nullopt;
 }
 
-bool StandardOutputIsTerminal()
-{
-    return ::isatty(STDOUT_FILENO) == 1;
-}
-
 bool StandardErrorIsTerminal()
 {
     return ::isatty(STDERR_FILENO) == 1;

@@ -45,9 +45,7 @@ PosixSerialControl::~PosixSerialControl()
 std::optional<PortFault> PosixSerialControl::Open(const PortDevice& device, const LineSettings& line)
 {
     Close();
-    in_.clear();
-    inputLen_ = 0;
-    inCapacity_ = line.inBufferSize;
+    in_.Reset(line.inBufferSize);
     FileDescriptor opened;
     if (auto fault = OpenLine(device.path, opened))
         return fault;
@@ -56,7 +54,6 @@ std::optional<PortFault> PosixSerialControl::Open(const PortDevice& device, cons
     // Besides the lock: other programs ask the line itself. It does not hold back root, so it may fail.
     ::ioctl(opened.Get(), TIOCEXCL);
     line_ = std::move(opened);
-    in_.reserve(inCapacity_);
     DropWhatTheSystemHolds();
     return std::nullopt;
 }
@@ -66,7 +63,7 @@ void PosixSerialControl::Close()
     if (!IsOpen())
         return;
     CloseLine();
-    in_.clear();
+    in_.Clear();
 }
 
 void PosixSerialControl::CloseLine()
@@ -84,30 +81,25 @@ void PosixSerialControl::CloseLine()
 int PosixSerialControl::InBufferCount()
 {
     Service();
-    return static_cast<int>(in_.size());
+    return in_.Count();
 }
 
 void PosixSerialControl::ClearInBuffer()
 {
-    in_.clear();
+    in_.Clear();
     if (IsOpen())
         DropWhatTheSystemHolds();
 }
 
 void PosixSerialControl::SetInputLen(int length)
 {
-    inputLen_ = static_cast<std::size_t>(std::max(length, 0));
+    in_.SetLength(length);
 }
 
 std::string PosixSerialControl::Input()
 {
     Service();
-    if (in_.size() < inputLen_)
-        return {};
-    const std::size_t length = inputLen_ == 0 ? in_.size() : inputLen_;
-    std::string read = in_.substr(0, length);
-    in_.erase(0, length);
-    return read;
+    return in_.Take();
 }
 
 bool PosixSerialControl::Output(std::string_view text)
@@ -132,11 +124,11 @@ void PosixSerialControl::Service()
 void PosixSerialControl::TakeIn()
 {
     std::array<char, kReadSize> bytes;
-    while (in_.size() < inCapacity_) {
-        const std::size_t room = std::min(bytes.size(), inCapacity_ - in_.size());
+    while (in_.Room() > 0) {
+        const std::size_t room = std::min(bytes.size(), in_.Room());
         const ssize_t count = ReadOnce(line_.Get(), bytes.data(), room);
         if (count > 0) {
-            in_.append(bytes.data(), static_cast<std::size_t>(count));
+            in_.Append({bytes.data(), static_cast<std::size_t>(count)});
             continue;
         }
         if (count == 0 || !NothingNow(errno))

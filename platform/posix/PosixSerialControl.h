@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/posix/FileDescriptor.h"
+#include "serial/ReceiveBuffer.h"
 #include "serial/SerialControl.h"
 
 namespace quorvane {
@@ -36,9 +37,7 @@ private:
     void CloseLine();
 
     FileDescriptor line_;
-    std::size_t inCapacity_ = 0;
-    std::size_t inputLen_ = 0;
-    std::string in_;
+    ReceiveBuffer in_;
     std::string out_;
 };
 

@@ -64,11 +64,6 @@ std::optional<std::string> EnvironmentText(const std::string& name)
     return Utf8(text);
 }
 
-bool StandardOutputIsTerminal()
-{
-    return IsConsole(STD_OUTPUT_HANDLE);
-}
-
 bool StandardErrorIsTerminal()
 {
     return IsConsole(STD_ERROR_HANDLE);

@@ -32,9 +32,7 @@ WindowsSerialControl::~WindowsSerialControl()
 std::optional<PortFault> WindowsSerialControl::Open(const PortDevice& device, const LineSettings& line)
 {
     Close();
-    in_.clear();
-    inputLen_ = 0;
-    inCapacity_ = line.inBufferSize;
+    in_.Reset(line.inBufferSize);
     Handle opened;
     if (auto fault = OpenLine(device.path, opened))
         return fault;
@@ -43,7 +41,6 @@ std::optional<PortFault> WindowsSerialControl::Open(const PortDevice& device, co
     ::PurgeComm(opened.Get(), PURGE_RXCLEAR);
     line_ = std::move(opened);
     write_ = std::make_unique<Transfer>();
-    in_.reserve(inCapacity_);
     return std::nullopt;
 }
 
@@ -52,7 +49,7 @@ void WindowsSerialControl::Close()
     if (!IsOpen())
         return;
     CloseLine();
-    in_.clear();
+    in_.Clear();
 }
 
 void WindowsSerialControl::CloseLine()
@@ -71,30 +68,25 @@ void WindowsSerialControl::CloseLine()
 int WindowsSerialControl::InBufferCount()
 {
     Service();
-    return static_cast<int>(in_.size());
+    return in_.Count();
 }
 
 void WindowsSerialControl::ClearInBuffer()
 {
-    in_.clear();
+    in_.Clear();
     if (IsOpen() && !::PurgeComm(line_.Get(), PURGE_RXCLEAR))
         CloseLine();
 }
 
 void WindowsSerialControl::SetInputLen(int length)
 {
-    inputLen_ = static_cast<std::size_t>(std::max(length, 0));
+    in_.SetLength(length);
 }
 
 std::string WindowsSerialControl::Input()
 {
     Service();
-    if (in_.size() < inputLen_)
-        return {};
-    const std::size_t length = inputLen_ == 0 ? in_.size() : inputLen_;
-    std::string read = in_.substr(0, length);
-    in_.erase(0, length);
-    return read;
+    return in_.Take();
 }
 
 bool WindowsSerialControl::Output(std::string_view text)
@@ -130,7 +122,7 @@ void WindowsSerialControl::TakeIn()
             CloseLine();
             return;
         }
-        const std::size_t size = std::min<std::size_t>(status.cbInQue, inCapacity_ - in_.size());
+        const std::size_t size = std::min<std::size_t>(status.cbInQue, in_.Room());
         if (size == 0)
             return;
         if (!ReadBlock(size)) {
@@ -152,7 +144,7 @@ bool WindowsSerialControl::ReadBlock(std::size_t size)
     DWORD count = 0;
     if (!::GetOverlappedResult(line_.Get(), &read.overlapped, &count, TRUE))
         return false;
-    in_.append(bytes.data(), count);
+    in_.Append({bytes.data(), count});
     return count > 0;
 }
 

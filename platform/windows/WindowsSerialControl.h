@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/windows/Handle.h"
+#include "serial/ReceiveBuffer.h"
 #include "serial/SerialControl.h"
 
 #include <memory>
@@ -43,9 +44,7 @@ private:
 
     Handle line_;
     std::unique_ptr<Transfer> write_;
-    std::size_t inCapacity_ = 0;
-    std::size_t inputLen_ = 0;
-    std::string in_;
+    ReceiveBuffer in_;
     std::string out_;
 };
 

@@ -90,6 +90,23 @@ TEST(Measure, TellsTheSecondProgramThatThePortIsTaken)
     EXPECT_EQ(first.Wait(), 0);
 }
 
+TEST(Measure, TakesFromTheSettingsFileWhatIsNotGivenAndLeavesItAlone)
+{
+    const Bench bench({});
+    const std::string settings = "[Quorvane Software Version]\nQuorvane_Ver.0100\nTWA_Alarm= 0.001\n"
+                                 "STEL_Alarm= 0.002\nC_Alarm= 0.003\n";
+    std::ofstream(bench.Folder().Path("Quorvane.ini"), std::ios::binary) << settings;
+    ChildProgram program =
+        bench.Start({"measure", "--simulate", "--random-seed", "1", "--samples", "3", "--interval", "1",
+                     "--speed", "1000", "--twa", "0.0015", "--output", bench.Output()},
+                    "errors.txt");
+    static_cast<void>(program.RestOfOutput());
+    EXPECT_EQ(program.Wait(), 0);
+    EXPECT_THAT(bench.Said(), HasSubstr("mg/m3 (0.003)\n"));
+    EXPECT_THAT(bench.Said(), HasSubstr("mg/m3 (0.0015)\n"));
+    EXPECT_EQ(FileBytes(bench.Folder().Path("Quorvane.ini")), settings);
+}
+
 TEST(Measure, FindsADeviceByItsComName)
 {
     const Bench bench({"--speed", "20"});
@@ -173,6 +190,7 @@ TEST(Ports, AreListedWithTheReasonWhyOneCannotBeUsed)
     EXPECT_THAT(printed, testing::ContainsRegex("COM2 .*can be used"));
     EXPECT_THAT(printed, testing::ContainsRegex("COM3 .*does not answer as a serial line"));
     EXPECT_THAT(printed, testing::ContainsRegex("COM5 .*/dev/ttyUSB0"));
+    EXPECT_THAT(printed, testing::ContainsRegex("COM15 .*QUORVANE_COM15 can name one"));
     EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 15);
 }
 

@@ -40,7 +40,12 @@ TEST(Exposure, AveragesTheWholeRunAndTheLastFifteenMinutes)
 /// A run given by its short-term values; the other values stay out of the way unless a row names them.
 class Shift {
 public:
-    explicit Shift(const AlarmLimits& limits) : limits_(limits), exposure_(limits_) { exposure_.Begin(60); }
+    explicit Shift(const AlarmLimits& limits) : limits_(limits), exposure_(limits_) { Begin(); }
+    void Begin()
+    {
+        exposure_.Begin(60);
+        sample_ = 0;
+    }
 
     LampsLit At(std::chrono::seconds time, double stel, double conc = 0, double twa = 0)
     {
@@ -122,6 +127,21 @@ TEST(Exposure, AnExcursionDuringTheFirstFifteenMinutesCountsFromTheirEnd)
     EXPECT_FALSE(shift.StelAt(902s, 2.5)); // the first excursion begins here
     EXPECT_FALSE(shift.StelAt(903s, 1));
     EXPECT_TRUE(shift.StelAt(904s, 2.5)) << "the second";
+}
+
+TEST(Exposure, ANewRunForgetsTheExcursionsOfTheOneBefore)
+{
+    Shift shift(kLimits);
+    shift.At(0s, 0);
+    for (int k = 1; k <= 4; ++k)
+        shift.ExcursionAt(k * 90min);
+    shift.At(370min, 2.5); // and ends in the middle of one
+    shift.Begin();
+    shift.At(371min, 0);
+    EXPECT_FALSE(shift.StelAt(372min, 9)) << "the first fifteen minutes are silent again";
+    EXPECT_FALSE(shift.StelAt(387min, 2.5)) << "the first excursion of this run";
+    EXPECT_FALSE(shift.StelAt(388min, 1));
+    EXPECT_TRUE(shift.StelAt(389min, 2.5));
 }
 
 TEST(Exposure, AllowsFourExcursionsInEightHours)

@@ -16,11 +16,11 @@ void ExpectTidy(RunWorld& with)
     EXPECT_FALSE(with.timer1.Enabled());
     EXPECT_FALSE(with.timer2.Enabled());
     EXPECT_FALSE(with.timer3.Enabled());
-    EXPECT_EQ(with.state.SampleCount, with.run.TakenSamples());
+    EXPECT_EQ(with.state.SampleCount, with.run.Status().taken);
     EXPECT_EQ(with.listener.samples.size(), static_cast<std::size_t>(with.state.SampleCount));
     for (int i = 1; i <= with.state.SampleCount; ++i)
         EXPECT_FALSE(with.arrays.ReplyLine[static_cast<std::size_t>(i)].empty()) << "an empty row " << i;
-    EXPECT_FALSE(with.run.Lines().SilentSince());
+    EXPECT_FALSE(with.run.Status().silentSince);
 }
 
 // ---- silence --------------------------------------------------------------------------------------------
@@ -29,19 +29,32 @@ TEST(MeasurementRunFaults, WaitsForDataWithoutEnd)
 {
     RunWorld with;
     with.lines = {RunWorld::Line(1)};
+    with.world.After(10s, [&] { // the wait for reading 2 began a good 5 s ago
+        EXPECT_EQ(with.timer1.Interval(), 1000ms);
+        EXPECT_EQ(with.state.WaitSeconds, 5);
+    });
     int waitedSeconds = 0;
     bool timer1On = true;
     with.world.After(9h, [&] {
         waitedSeconds = with.state.WaitSeconds;
         timer1On = with.timer1.Enabled();
-        EXPECT_GT(with.world.SteadyNow() - *with.run.Lines().SilentSince(), 8h);
+        EXPECT_GT(with.world.SteadyNow() - *with.run.Status().silentSince, 8h);
         with.port.Arrive(RunWorld::Line(2));
+    });
+    with.world.After(9h + 5s, [&] {
+        EXPECT_TRUE(with.timer1.Enabled()) << "the next wait counts from 0";
+        EXPECT_LT(with.state.WaitSeconds, 6);
         with.port.Arrive(RunWorld::Line(3));
+    });
+    long pumps = 0;
+    with.world.After(1h, [&] { pumps = with.world.Pumps(); });
+    with.world.After(2h, [&] {
+        EXPECT_LE(with.world.Pumps() - pumps, 2 * 360'000) << "a look each 10 ms, in run and wait";
     });
     EXPECT_EQ(with.run.Start(), RunResult::Completed);
     EXPECT_EQ(waitedSeconds, 21) << "the count ends once it exceeds 20";
     EXPECT_FALSE(timer1On);
-    EXPECT_EQ(with.run.TakenSamples(), 3);
+    EXPECT_EQ(with.run.Status().taken, 3);
     EXPECT_TRUE(with.prompts.messages.empty());
     EXPECT_EQ(with.LoggedErrors(), "");
     ExpectTidy(with);
@@ -51,7 +64,11 @@ TEST(MeasurementRunFaults, StopsQuietlyDuringTheWait)
 {
     RunWorld with;
     with.lines = {RunWorld::Line(1), "09:30:02;00"};
-    with.world.After(20s, [&] { with.run.Stop(); });
+    with.world.After(20s, [&] {
+        EXPECT_EQ(with.state.SampleCount, 2);
+        with.run.Stop();
+        EXPECT_EQ(with.state.SampleCount, 1) << "at once";
+    });
     EXPECT_EQ(with.run.Start(), RunResult::Stopped);
     EXPECT_EQ(with.state.SampleCount, 1);
     EXPECT_TRUE(with.prompts.messages.empty());
@@ -83,6 +100,11 @@ TEST(MeasurementRunFaults, EndsWhenALineStopsInTheMiddle)
     RunWorld with;
     with.lines = {RunWorld::Line(1), "09:30:02;0000012;001.250;1.2"}; // its line end never comes
     with.interval = 3s;
+    with.prompts.whileOpen = [&] { // everything is done before the operator is told
+        EXPECT_NE(with.LoggedErrors(), "");
+        EXPECT_FALSE(with.timer2.Enabled() || with.timer3.Enabled());
+        EXPECT_EQ(with.state.SampleCount, 1);
+    };
     EXPECT_EQ(with.run.Start(), RunResult::ReadFailed);
     EXPECT_EQ(with.Messages(), std::vector<std::string>{"RS232C ERROR."});
     EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,09:30:02;0000012;001.250;1.2, 101\r\n");
@@ -154,7 +176,7 @@ TEST(MeasurementRunFaults, AnInstrumentThatNeverPausesCanBeStopped)
         }
     };
     EXPECT_EQ(with.run.Start(), RunResult::Stopped);
-    EXPECT_EQ(with.run.TakenSamples(), 1);
+    EXPECT_EQ(with.run.Status().taken, 1);
     EXPECT_EQ(with.LoggedErrors(), "");
 }
 
@@ -173,7 +195,7 @@ TEST(MeasurementRunFaults, ALostDeviceIsSilenceNotAnEnd)
     };
     long readsAtLoss = -1;
     with.world.After(10s, [&] {
-        EXPECT_TRUE(with.run.Lines().PortLost());
+        EXPECT_TRUE(with.run.Status().portLost);
         readsAtLoss = with.port.reads;
     });
     with.world.After(1h, [&] {
@@ -183,7 +205,7 @@ TEST(MeasurementRunFaults, ALostDeviceIsSilenceNotAnEnd)
     EXPECT_EQ(with.run.Start(), RunResult::Stopped);
     EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,09:30:03;0000, 0\r\n") << "one record";
     EXPECT_TRUE(with.prompts.messages.empty());
-    EXPECT_EQ(with.run.TakenSamples(), 2);
+    EXPECT_EQ(with.run.Status().taken, 2);
     EXPECT_EQ(with.port.sent.size(), 3U) << "no stop exchange without a port";
     EXPECT_LT(with.world.Elapsed(), 1h + 1s);
     ExpectTidy(with);
@@ -198,15 +220,63 @@ TEST(MeasurementRunFaults, LinesThatCameBeforeTheLossAreTaken)
         if (text == "D\r\n") {
             // Three lines at once, the last one of three fields: too few bytes for the threshold, and yet
             // whole.
-            with.port.Deliver(1s, RunWorld::Line(1) + RunWorld::Line(2) + "09:30:03;0000012;001.250\r\n");
+            with.port.Deliver(1s, RunWorld::Line(1) + RunWorld::Line(2) + "09:30:03;0000012;001.250\r\n0");
             with.world.After(1100ms, [&] { with.port.Vanish(); });
         }
     };
     with.world.After(1min, [&] { with.run.Stop(); });
     EXPECT_EQ(with.run.Start(), RunResult::Stopped);
     EXPECT_EQ(with.arrays.MeasureTime[3], "09:30:03");
-    EXPECT_EQ(with.run.TakenSamples(), 3);
+    EXPECT_EQ(with.run.Status().taken, 3);
     EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,, 0\r\n");
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, ALossBetweenReadingsIsNoticedThen)
+{
+    RunWorld with;
+    with.state.SamplingSeconds = 600;
+    with.interval = 600s;
+    with.GiveLines(1);
+    with.world.After(700s, [&] { with.port.Vanish(); });
+    with.world.After(701s, [&] { EXPECT_FALSE(with.port.IsOpen()); });
+    with.world.After(1000s, [&] { with.run.Stop(); });
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,, 0\r\n");
+    EXPECT_EQ(with.port.sent.size(), 3U) << "no stop exchange";
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, ALossBeforeTheAcknowledgementIsComplete)
+{
+    RunWorld with;
+    with.acknowledgement = "AD";
+    with.lines = {"09:30:01;0000012;001.250;1."};
+    with.world.onPump = [&](long) {
+        if (with.state.SampleCount == 1 && with.port.inputLen == 1)
+            with.port.Vanish();
+    };
+    with.world.After(1min, [&] { with.run.Stop(); });
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_TRUE(with.LoggedErrors().starts_with("D Command Data Read,AD09:30:01;")) << with.LoggedErrors();
+    EXPECT_GE(with.world.Elapsed(), 1min) << "the wait went on";
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, ARequestThatIsNotTakenEndsTheRun)
+{
+    RunWorld with;
+    with.port.onOutput = [&, answer = with.port.onOutput](const std::string& text) {
+        answer(text);
+        with.port.refuseOutput = with.port.sent.size() == 2; // the D request
+    };
+    with.prompts.whileOpen = [&] {
+        EXPECT_EQ(with.state.DataPresent, 0) << "there is nothing to save while the box is open";
+        with.port.refuseOutput = false;
+    };
+    EXPECT_EQ(with.run.Start(), RunResult::ReadFailed);
+    EXPECT_EQ(with.Messages(), std::vector<std::string>{"RS232C ERROR."});
+    EXPECT_EQ(with.LoggedErrors(), "D Command,, 0\r\n");
     ExpectTidy(with);
 }
 
@@ -215,7 +285,7 @@ TEST(MeasurementRunFaults, LossInTheMiddleOfALineDropsItsPart)
     RunWorld with;
     with.lines = {RunWorld::Line(1), RunWorld::Line(2).substr(0, 28)};
     with.world.onPump = [&](long) {
-        if (with.port.Waiting().empty() && with.state.SampleCount == 2 && with.world.Elapsed() > 4s &&
+        if (with.port.Waiting() == 0 && with.state.SampleCount == 2 && with.world.Elapsed() > 4s &&
             with.port.reads > 60)
             with.port.Vanish();
     };
@@ -223,7 +293,7 @@ TEST(MeasurementRunFaults, LossInTheMiddleOfALineDropsItsPart)
     EXPECT_EQ(with.run.Start(), RunResult::Stopped);
     EXPECT_TRUE(with.LoggedErrors().starts_with("D Command Data Read,09:30:02;0000012;001.250;1.2, "))
         << with.LoggedErrors();
-    EXPECT_EQ(with.run.TakenSamples(), 1);
+    EXPECT_EQ(with.run.Status().taken, 1);
     EXPECT_TRUE(with.prompts.messages.empty());
     ExpectTidy(with);
 }
@@ -259,6 +329,22 @@ TEST(MeasurementRunFaults, ASecondStopAbandonsTheStopExchange)
     EXPECT_EQ(with.run.Start(), RunResult::Stopped);
     EXPECT_LE(with.world.Elapsed() - second, 20ms);
     EXPECT_EQ(with.LoggedErrors(), "");
+    ExpectTidy(with);
+}
+
+TEST(MeasurementRunFaults, TwoStopsAtOnceLeaveTheStopExchangeOut)
+{
+    RunWorld with;
+    with.GiveLines(3);
+    with.listener.onSample = [&](int sample) {
+        if (sample != 2)
+            return;
+        with.run.Stop();
+        with.run.Stop();
+    };
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    EXPECT_EQ(with.port.sent.size(), 3U);
+    EXPECT_EQ(with.run.Status().taken, 2);
     ExpectTidy(with);
 }
 
@@ -344,7 +430,7 @@ TEST(MeasurementRunFaults, SurvivesAnythingAtAnyPump)
             EXPECT_EQ(with.state.DataPresent, 1);
             ExpectTidy(with);
             if (result == RunResult::Completed) {
-                EXPECT_EQ(with.run.TakenSamples(), 2);
+                EXPECT_EQ(with.run.Status().taken, 2);
             }
         }
     }

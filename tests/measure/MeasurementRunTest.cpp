@@ -1,3 +1,4 @@
+#include "instrument/DateTimeText.h"
 #include "tests/support/RunWorld.h"
 
 #include <cmath>
@@ -28,7 +29,8 @@ TEST(MeasurementRun, TakesThePlannedReadingsFromTheInstrument)
     EXPECT_EQ(arrays.ExtraField[1], "1.2");
     EXPECT_EQ(arrays.ReplyLine[2], with.lines[1]) << "the line is kept whole";
 
-    // Start exchange (two N), D, stop exchange (two N).
+    // Start exchange (two N), D, stop exchange (two N), and a second to settle.
+    EXPECT_GE(with.world.Elapsed() - with.lastAnswer, 1s);
     EXPECT_EQ(with.port.sent, (std::vector<std::string>{"N\r\n", "N\r\n", "D\r\n", "N\r\n", "N\r\n"}));
     EXPECT_FALSE(with.port.IsOpen());
     EXPECT_EQ(with.state.SampleCount, 3);
@@ -79,10 +81,10 @@ TEST(MeasurementRun, KeepsUpWithTheInstrument)
     with.GiveLines(29 * 60);
     with.lines.resize(3600, RunWorld::Line(1740));
     int mostBehind = 0;
-    with.listener.onSample = [&](int) { mostBehind = std::max(mostBehind, with.run.LinesBehind()); };
+    with.listener.onSample = [&](int) { mostBehind = std::max(mostBehind, with.run.Status().linesBehind); };
     EXPECT_EQ(with.run.Start(), RunResult::Completed);
     EXPECT_LE(mostBehind, 1);
-    EXPECT_EQ(with.run.TakenSamples(), 3600);
+    EXPECT_EQ(with.run.Status().taken, 3600);
 }
 
 TEST(MeasurementRun, KnowsHowManyLinesWait)
@@ -92,7 +94,7 @@ TEST(MeasurementRun, KnowsHowManyLinesWait)
     with.interval = 300ms; // three times as fast as the run takes them
     with.GiveLines(12);
     std::vector<int> behind;
-    with.listener.onSample = [&](int) { behind.push_back(with.run.LinesBehind()); };
+    with.listener.onSample = [&](int) { behind.push_back(with.run.Status().linesBehind); };
     EXPECT_EQ(with.run.Start(), RunResult::Completed);
     EXPECT_EQ(with.arrays.MeasureTime[12], "09:30:12") << "they are all taken, in order";
     EXPECT_GE(*std::max_element(behind.begin(), behind.end()), 6);
@@ -102,13 +104,23 @@ TEST(MeasurementRun, KnowsHowManyLinesWait)
 TEST(MeasurementRun, TakesALineOfThreeFieldsWhenTheNextOneArrives)
 {
     RunWorld with;
-    for (int second = 1; second <= 3; ++second)
-        with.lines.push_back("09:30:0" + std::to_string(second) + ";0000012;001.250\r\n");
-    with.world.After(1min, [&] { with.run.Stop(); });
+    with.lines = {RunWorld::Line(1),
+                  "09:30:02;0000012;001.250\r\n"}; // 26 bytes, fewer than the 28 that are waited for
+    with.world.After(30s, [&] {
+        EXPECT_EQ(with.run.Status().taken, 1);
+        with.port.Arrive("0");
+    });
+    with.world.After(60s, [&] {
+        EXPECT_EQ(with.run.Status().taken, 1) << "27";
+        with.port.Arrive("9");
+    });
+    with.world.After(90s, [&] {
+        EXPECT_EQ(with.run.Status().taken, 2) << "28";
+        with.run.Stop();
+    });
     EXPECT_EQ(with.run.Start(), RunResult::Stopped);
-    EXPECT_EQ(with.run.TakenSamples(), 2) << "26 bytes are fewer than the 28 that are waited for";
-    EXPECT_EQ(with.arrays.ExtraField[1], "");
-    EXPECT_EQ(with.arrays.ConcValue[1], 1.25);
+    EXPECT_EQ(with.arrays.ExtraField[2], "");
+    EXPECT_EQ(with.arrays.ConcValue[2], 1.25);
 }
 
 TEST(MeasurementRun, LightsLampsUntilTheResetOrTheNextRun)
@@ -132,40 +144,83 @@ TEST(MeasurementRun, LightsLampsUntilTheResetOrTheNextRun)
     EXPECT_FALSE(with.run.Lamps().ceiling) << "a start puts them out";
 }
 
-TEST(MeasurementRun, ResetDuringTheWaitForALineUsesTheReadingBefore)
+/// A run of one reading a minute from 09:31 on, with an excursion above the TWA limit each 100 minutes.
+void GiveExcursions(RunWorld& with)
 {
-    RunWorld with;
     with.state.SamplingSeconds = 60;
     with.state.TotalSamples = 1000;
     with.state.TwaAlarm = 2;
     with.interval = 61s; // so that each line is waited for
-    // STEL at the limit for 20 readings, far below for 80: an excursion each 100 minutes.
     for (int minute = 0; minute < 1000; ++minute) {
-        const int time = 9 * 60 + 31 + minute;
-        const auto two = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
-        with.lines.push_back(two(time / 60 % 24) + ":" + two(time % 60) + ":00;0000012;" +
+        const LocalMoment time = with.world.Now() + std::chrono::minutes(1 + minute);
+        with.lines.push_back(InstrumentTimeText(time) + ";0000012;" +
                              (minute % 100 < 20 ? "009.000" : "000.000") + ";1.2\r\n");
     }
-    bool resetDone = false;
-    with.world.onPump = [&](long) {
-        const bool awaiting = with.run.Lines().SilentSince().has_value();
-        if (awaiting && !resetDone && with.run.TakenSamples() == 390) {
-            resetDone = true; // a 5th excursion would come at minute 415, in the same eight hours
-            with.run.ResetAlarms();
-        }
+}
+
+TEST(MeasurementRun, ResetDuringTheWaitForALineCountsFromTheReadingBefore)
+{
+    // The short-term average of 15 readings exceeds 2 from the fourth high one on: excursions begin with
+    // readings 16 (the first 15 minutes over), 104, 204, 304 ... A span that begins with reading r lasts to
+    // reading r + 480.
+    struct Row {
+        int resetAfter;
+        std::size_t lit; ///< the reading that lights the STEL lamp
     };
-    std::vector<int> stelAt;
-    with.listener.onSample = [&](int sample) {
-        if (with.run.Lamps().stel)
-            stelAt.push_back(sample);
+    // After 324: five begin in 324 to 804, the fifth with 804, exactly eight hours on. After 323 the span is
+    // over with 804: that one begins in it, is counted and forgotten, and 904 is the fifth of the next span.
+    for (const Row& row : {Row{324, 804}, Row{323, 0}}) {
+        RunWorld with;
+        GiveExcursions(with);
+        bool resetDone = false;
+        with.world.onPump = [&](long) {
+            const RunStatus status = with.run.Status();
+            if (status.silentSince && !resetDone && status.taken == row.resetAfter) {
+                resetDone = true;
+                with.run.ResetAlarms();
+            }
+        };
+        std::size_t lit = 0;
+        with.listener.onSample = [&](int sample) {
+            if (with.run.Lamps().stel && lit == 0 && resetDone)
+                lit = static_cast<std::size_t>(sample);
+        };
+        with.run.Start();
+        EXPECT_TRUE(resetDone);
+        EXPECT_EQ(lit, row.lit) << "reset after " << row.resetAfter;
+    }
+}
+
+TEST(MeasurementRun, ASecondRunBeginsAfresh)
+{
+    RunWorld with;
+    with.GiveLines(3);
+    with.linkAnswer = "AN\r\nrubbish"; // must not stand before the acknowledgement
+    ASSERT_EQ(with.run.Start(), RunResult::Completed);
+    with.state.DataSaved = 1;
+    with.listener.onSample = [&](int) {
+        EXPECT_EQ(with.state.DataPresent, 0);
+        EXPECT_EQ(with.listener.cleared, 2);
     };
-    with.run.Start();
-    EXPECT_TRUE(resetDone);
-    // Without the reset the fifth excursion (reading 401 on) lights the lamp. With it the span begins again
-    // at reading 390 and ends behind minute 870; excursions 401, 501, 601, 701, 801 are five in it.
-    ASSERT_FALSE(stelAt.empty());
-    EXPECT_GT(stelAt.front(), 800);
-    EXPECT_LT(stelAt.front(), 810);
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_EQ(with.state.SampleCount, 3);
+
+    with.listener.onSample = nullptr;
+    with.state.DataSaved = 1;
+    with.acknowledgement = "AX\r\n"; // is awaited again
+    EXPECT_EQ(with.run.Start(), RunResult::ReadFailed);
+    EXPECT_EQ(with.LoggedErrors().substr(0, 10), "D Command,");
+
+    with.state.RunMode = false;
+    with.state.SamplingSeconds = 150;
+    with.world.After(70s, [&] { with.run.Stop(); }); // with one minute tick counted
+    with.state.DataSaved = 1;
+    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+    const World::Time start = with.world.Elapsed();
+    with.state.DataSaved = 1;
+    with.state.TotalSamples = 1;
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_GE(with.world.Elapsed() - start, 150s);
 }
 
 TEST(MeasurementRun, GoesOnOverMidnight)
@@ -178,6 +233,8 @@ TEST(MeasurementRun, GoesOnOverMidnight)
     for (std::size_t i = 2; i <= 4; ++i)
         EXPECT_EQ(with.arrays.Moment[i] - with.arrays.Moment[i - 1], 1s) << i;
     EXPECT_TRUE(with.listener.lit.empty());
+    EXPECT_EQ(with.run.Date().time_since_epoch(),
+              std::chrono::local_days(std::chrono::year(2024) / 2 / 29).time_since_epoch());
 }
 
 // ---- what keeps a run from starting ---------------------------------------------------------------------
@@ -217,13 +274,17 @@ TEST(MeasurementRun, AsksAboutUnsavedDataBeforeItIsLost)
     with.GiveLines(3);
     ASSERT_EQ(with.run.Start(), RunResult::Completed);
 
+    with.timer2.Enable();
+    with.timer3.Enable();
+    with.prompts.whileOpen = [&] { EXPECT_FALSE(with.timer2.Enabled() || with.timer3.Enabled()); };
     with.prompts.answers = {Answer::Yes};
     EXPECT_EQ(with.run.Start(), RunResult::SavedInstead);
     EXPECT_EQ(with.saves, 1);
     ASSERT_EQ(with.Messages(), std::vector<std::string>{"Data is not saved. Do you save?"});
     EXPECT_EQ(with.prompts.messages[0].icon, Icon::Critical);
     EXPECT_EQ(with.prompts.messages[0].buttons, Buttons::YesNo);
-    EXPECT_EQ(with.run.TakenSamples(), 3);
+    EXPECT_EQ(with.prompts.messages[0].titleId, 101);
+    EXPECT_EQ(with.run.Status().taken, 3);
 
     with.prompts.answers = {Answer::No};
     EXPECT_EQ(with.run.Start(), RunResult::Completed);
@@ -265,6 +326,7 @@ TEST(MeasurementRun, RefusesAPlanThatCannotBe)
         ASSERT_EQ(with.prompts.messages.size(), 1U);
         EXPECT_EQ(with.prompts.messages[0].text, row.message);
         EXPECT_EQ(with.prompts.messages[0].icon, Icon::Critical);
+        EXPECT_EQ(with.prompts.messages[0].titleId, 101);
         EXPECT_EQ(with.run.State(), RunState::Idle);
         EXPECT_EQ(with.port.opened, 0);
         EXPECT_EQ(with.listener.results, std::vector<RunResult>{row.result});
@@ -298,6 +360,8 @@ TEST(MeasurementRun, KeepsEarlierDataWhenItCannotStart)
 
     with.port.openFault = PortFault{PortFaultKind::Absent, ""};
     EXPECT_EQ(with.run.Start(), RunResult::PortNotOpened);
+    EXPECT_EQ(with.listener.prepared, 1) << "chart and table are ready before the port is tried";
+    EXPECT_EQ(with.listener.cleared, 0);
     EXPECT_EQ(with.Messages(), std::vector<std::string>{"COM1 is not used."});
     ExpectEarlierDataKept(with);
 

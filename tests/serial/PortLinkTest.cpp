@@ -17,12 +17,14 @@ TEST(PortLink, OpensThePortOfTheSettingsOnce)
     ASSERT_TRUE(with.link.OpenPort());
     EXPECT_EQ(with.port.device.path, "/dev/fake/12");
     EXPECT_EQ(with.port.line.handshaking, Handshaking::None);
+    EXPECT_EQ(with.port.Waiting(), 0);
+    EXPECT_EQ(with.port.inputLen, 0);
 
     with.port.Arrive("kept");
     with.port.inputLen = 4;
     EXPECT_TRUE(with.link.OpenPort());
     EXPECT_EQ(with.port.opened, 1);
-    EXPECT_EQ(with.port.Waiting(), "kept") << "an open port is left as it is";
+    EXPECT_EQ(with.port.Waiting(), 4) << "an open port is left as it is";
 
     with.link.ClosePort();
     with.link.ClosePort();
@@ -134,6 +136,7 @@ TEST(PortLink, WaitsUntilTheLineHasBeenQuietForASecond)
     LinkWorld with;
     with.AnswerLinkChecks(20ms);
     ASSERT_TRUE(with.link.OpenPort());
+    with.port.SetInputLen(7);
     with.port.Arrive("an old line that waits\r\n");
     for (int i = 1; i <= 40; ++i) // a stream that goes on for four seconds
         with.port.Deliver(i * 100ms, "chatter");

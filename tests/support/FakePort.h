@@ -1,10 +1,10 @@
 #pragma once
 
 #include "serial/PortNames.h"
+#include "serial/ReceiveBuffer.h"
 #include "serial/SerialControl.h"
 #include "tests/support/World.h"
 
-#include <algorithm>
 #include <functional>
 #include <optional>
 #include <string>
@@ -30,7 +30,7 @@ public:
     void Arrive(const std::string& bytes)
     {
         if (open_)
-            received_ += bytes.substr(0, line.inBufferSize - std::min(line.inBufferSize, received_.size()));
+            received_.Append(bytes);
     }
     /// The device goes away; noticed at the next look at the port, as with a real one.
     void Vanish() { vanished_ = true; }
@@ -42,7 +42,7 @@ public:
     int opened = 0;
     int inputLen = 0;
     long reads = 0;
-    [[nodiscard]] const std::string& Waiting() const { return received_; }
+    [[nodiscard]] int Waiting() const { return received_.Count(); }
 
     std::optional<PortFault> Open(const PortDevice& toOpen, const LineSettings& settings) override
     {
@@ -50,8 +50,9 @@ public:
             return openFault;
         device = toOpen;
         line = settings;
-        received_.clear();
-        inputLen = 0;
+        received_.Reset(settings.inBufferSize);
+        SetInputLen(7); // what a port is opened with is its opener's to set
+        received_.Append("left over");
         open_ = true;
         vanished_ = false;
         ++opened;
@@ -62,22 +63,21 @@ public:
     [[nodiscard]] int InBufferCount() override
     {
         NoticeLoss();
-        return static_cast<int>(endless && open_ ? line.inBufferSize : received_.size());
+        return endless && open_ ? static_cast<int>(line.inBufferSize) : received_.Count();
     }
-    void ClearInBuffer() override { received_.clear(); }
-    void SetInputLen(int length) override { inputLen = length; }
+    void ClearInBuffer() override { received_.Clear(); }
+    void SetInputLen(int length) override
+    {
+        inputLen = length;
+        received_.SetLength(length);
+    }
     [[nodiscard]] std::string Input() override
     {
         ++reads;
         NoticeLoss();
-        if (endless && received_.empty() && inputLen == 1)
+        if (endless && received_.Count() == 0 && inputLen == 1)
             return "x";
-        const std::size_t length = inputLen == 0 ? received_.size() : static_cast<std::size_t>(inputLen);
-        if (received_.size() < length)
-            return {};
-        std::string text = received_.substr(0, length);
-        received_.erase(0, length);
-        return text;
+        return received_.Take();
     }
     [[nodiscard]] bool Output(std::string_view text) override
     {
@@ -98,7 +98,7 @@ private:
     }
 
     World& world_;
-    std::string received_;
+    ReceiveBuffer received_;
     bool open_ = false;
     bool vanished_ = false;
 };

@@ -17,10 +17,12 @@ public:
     std::vector<Lamp> lit;
     std::vector<RunResult> results;
     int prepared = 0;
+    int cleared = 0;
     std::function<void(int)> onSample;
 
     void StateChanged(RunState state) override { states.push_back(state); }
     void RunPrepared() override { ++prepared; }
+    void ReadingsCleared() override { ++cleared; }
     void SampleAdded(int sample) override
     {
         samples.push_back(sample);
@@ -53,6 +55,8 @@ struct RunWorld : LinkWorld {
     std::chrono::milliseconds interval{1000};
     std::string acknowledgement = "AD\r\n";
     bool answersLinkChecks = true;
+    std::string linkAnswer = "AN\r\n";
+    World::Time lastAnswer{}; ///< when "N" was answered last
 
     /// A four-field line, taken so many seconds after 09:30.
     static std::string Line(int second, const std::string& conc = "001.250")
@@ -90,7 +94,10 @@ private:
     {
         ++stream_; // any command ends the stream that runs
         if (text == "N\r\n" && answersLinkChecks)
-            port.Deliver(std::chrono::milliseconds(20), "AN\r\n");
+            world.After(std::chrono::milliseconds(20), [this] {
+                port.Arrive(linkAnswer);
+                lastAnswer = world.Elapsed();
+            });
         if (text == "D\r\n") {
             port.Deliver(std::chrono::milliseconds(20), acknowledgement);
             SendLine(0, stream_);
