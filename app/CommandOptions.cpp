@@ -7,7 +7,6 @@
 #include <cmath>
 
 namespace quorvane {
-
 namespace {
 
 /// The number that the whole text is, or nothing. `format` goes to std::from_chars.

@@ -4,7 +4,6 @@
 #include "resources/OwnTexts.h"
 
 namespace quorvane {
-
 namespace {
 
 TableLanguage LanguageOf(const LocaleItems& locale)

@@ -4,7 +4,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 void Write(std::FILE* stream, std::string_view text)

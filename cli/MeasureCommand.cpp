@@ -1,9 +1,9 @@
 #include "cli/MeasureCommand.h"
 
+#include "app/ExitStatus.h"
 #include "app/ProgramVersion.h"
 #include "cli/CommandWorld.h"
 #include "cli/ConsolePrompts.h"
-#include "cli/ExitStatus.h"
 #include "cli/RunReport.h"
 #include "files/AppFiles.h"
 #include "files/NumberText.h"

@@ -4,7 +4,6 @@
 #include <limits>
 
 namespace quorvane {
-
 namespace {
 
 constexpr CommandOption kOptions[] = {

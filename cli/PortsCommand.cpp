@@ -1,7 +1,7 @@
 #include "cli/PortsCommand.h"
 
+#include "app/ExitStatus.h"
 #include "cli/CommandWorld.h"
-#include "cli/ExitStatus.h"
 #include "resources/OwnTexts.h"
 
 #include <algorithm>

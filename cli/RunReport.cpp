@@ -8,7 +8,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 constexpr NumberPattern kAverage{.integerDigits = 1, .minDecimals = 4, .maxDecimals = 4};

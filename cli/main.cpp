@@ -1,5 +1,5 @@
+#include "app/ExitStatus.h"
 #include "app/ProgramVersion.h"
-#include "cli/ExitStatus.h"
 #include "cli/MeasureCommand.h"
 #include "cli/MeasureOptions.h"
 #include "cli/PortsCommand.h"

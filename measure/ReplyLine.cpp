@@ -5,7 +5,6 @@
 #include <algorithm>
 
 namespace quorvane {
-
 namespace {
 
 constexpr char kSeparator = ';';

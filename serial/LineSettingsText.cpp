@@ -9,7 +9,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 template <typename Value, std::size_t count>

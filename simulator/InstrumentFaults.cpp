@@ -6,7 +6,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 /// One argument of a fault: a command letter, or a whole number for `number`.

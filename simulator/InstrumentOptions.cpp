@@ -4,7 +4,6 @@
 #include <cmath>
 
 namespace quorvane {
-
 namespace {
 
 constexpr CommandOption kOptions[] = {

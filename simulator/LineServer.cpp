@@ -4,7 +4,6 @@
 #include <poll.h>
 
 namespace quorvane {
-
 namespace {
 
 using namespace std::chrono_literals;

@@ -11,7 +11,6 @@
 #include <unistd.h>
 
 namespace quorvane {
-
 namespace {
 
 std::string LastError(std::string_view what)

@@ -7,7 +7,6 @@
 #include <cmath>
 
 namespace quorvane {
-
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r";

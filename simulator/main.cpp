@@ -1,56 +1,37 @@
+#include "app/ExitStatus.h"
 #include "app/ProgramVersion.h"
+#include "platform/Platform.h"
 #include "simulator/DeviceLink.h"
 #include "simulator/InstrumentOptions.h"
 #include "simulator/LineServer.h"
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
 #include <csignal>
-#include <ctime>
-#include <fstream>
 #include <iostream>
 #include <memory>
-#include <system_error>
 #include <vector>
 
 using namespace quorvane;
 
 namespace {
 
-constexpr int kDone = 0;
-constexpr int kFailed = 1;
-constexpr int kWrongUsage = 2;
-
 int Complain(const std::string& text)
 {
     std::cerr << "quorvane-instrument: " << text << std::endl;
-    return kFailed;
-}
-
-LocalMoment ComputerTime()
-{
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return LocalMoment(std::chrono::seconds(timegm(&local)));
+    return kExitFailed;
 }
 
 /// @return why the readings cannot be had, or nothing and the readings
-std::optional<std::string> OpenReadings(const InstrumentOptions& options,
+std::optional<std::string> OpenReadings(const InstrumentOptions& options, const FileStore& files,
                                         std::unique_ptr<ReadingSource>& readings)
 {
     if (options.readingsPath.empty()) {
         readings = std::make_unique<GeneratedDust>();
         return std::nullopt;
     }
-    std::ifstream file(options.readingsPath, std::ios::binary);
     std::string text;
-    std::array<char, 65536> chunk{};
-    while (file.read(chunk.data(), chunk.size()), file.gcount() > 0)
-        text.append(chunk.data(), static_cast<std::size_t>(file.gcount()));
-    if (!file.is_open() || file.bad())
-        return options.readingsPath + ": " + std::system_category().message(errno);
+    if (const auto fault = files.ReadWhole(options.readingsPath, text))
+        return options.readingsPath + ": " + fault->systemReason;
     std::vector<double> values;
     if (auto fault = ParseReadings(text, values))
         return options.readingsPath + ": " + *fault;
@@ -58,7 +39,7 @@ std::optional<std::string> OpenReadings(const InstrumentOptions& options,
     return std::nullopt;
 }
 
-int Serve(const InstrumentOptions& options, std::unique_ptr<ReadingSource> readings)
+int Serve(const InstrumentOptions& options, const LocalClock& clock, std::unique_ptr<ReadingSource> readings)
 {
     const StopSignal stop;
     PseudoTerminal terminal;
@@ -78,16 +59,16 @@ int Serve(const InstrumentOptions& options, std::unique_ptr<ReadingSource> readi
                 Complain(*fault);
     };
     InstrumentSetup setup = options.setup;
-    setup.clockAtPowerOn = options.startAt.value_or(ComputerTime());
+    setup.clockAtPowerOn = options.startAt.value_or(clock.Now());
     SimulatedInstrument instrument(std::move(setup), std::move(readings));
     TrafficLog log(options.verbose ? &std::cerr : nullptr);
     LineServer server(instrument, terminal, stop, log, newDevice);
     switch (server.Serve()) {
     case LineServer::End::Stopped:
-        return kDone;
+        return kExitDone;
     case LineServer::End::HungUp:
         Complain("the device has gone away, as its fault hang-up says");
-        return kDone;
+        return kExitDone;
     case LineServer::End::Failed:
         break;
     }
@@ -104,19 +85,19 @@ int main(int argc, char** argv)
     if (auto fault = ReadInstrumentOptions(arguments, options)) {
         Complain(fault->text);
         std::cerr << '\n' << InstrumentUsage();
-        return kWrongUsage;
+        return kExitUsage;
     }
     if (options.help) {
         std::cout << InstrumentUsage();
-        return kDone;
+        return kExitDone;
     }
     if (options.version) {
-        std::cout << "quorvane-instrument " << kProgramVersion.major << '.' << kProgramVersion.minor << '.'
-                  << kProgramVersion.revision << '\n';
-        return kDone;
+        std::cout << "quorvane-instrument " << VersionNumber(kProgramVersion) << '\n';
+        return kExitDone;
     }
+    const Platform platform = MakePlatform();
     std::unique_ptr<ReadingSource> readings;
-    if (auto fault = OpenReadings(options, readings))
+    if (auto fault = OpenReadings(options, *platform.files, readings))
         return Complain(*fault);
-    return Serve(options, std::move(readings));
+    return Serve(options, *platform.clock, std::move(readings));
 }

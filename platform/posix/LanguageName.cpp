@@ -1,7 +1,6 @@
 #include "platform/posix/LanguageName.h"
 
 namespace quorvane {
-
 namespace {
 
 struct Language {

@@ -14,7 +14,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 using Path = std::filesystem::path;

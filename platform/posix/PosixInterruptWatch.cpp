@@ -5,7 +5,6 @@
 #include <iterator>
 
 namespace quorvane {
-
 namespace {
 
 std::atomic<int> requests{0};

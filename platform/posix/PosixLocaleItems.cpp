@@ -9,7 +9,6 @@
 #include <locale.h>
 
 namespace quorvane {
-
 namespace {
 
 /// One category of the user's locale, or of the "C" locale when the user's is not installed.

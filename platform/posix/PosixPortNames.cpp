@@ -3,7 +3,6 @@
 #include "platform/Platform.h"
 
 namespace quorvane {
-
 namespace {
 
 struct DeviceRow {

@@ -12,7 +12,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 constexpr std::size_t kReadSize = 4096;

@@ -8,7 +8,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 struct SpeedCode {

@@ -6,7 +6,6 @@
 #include <vector>
 
 namespace quorvane {
-
 namespace {
 
 struct Replacement {

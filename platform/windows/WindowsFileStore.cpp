@@ -9,7 +9,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 using Fault = std::optional<FileFault>;

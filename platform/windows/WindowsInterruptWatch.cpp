@@ -4,7 +4,6 @@
 #include <windows.h>
 
 namespace quorvane {
-
 namespace {
 
 std::atomic<int> requests{0};

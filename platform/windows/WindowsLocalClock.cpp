@@ -5,7 +5,6 @@
 #include <timeapi.h>
 
 namespace quorvane {
-
 namespace {
 constexpr UINT kTickMs = 1;
 }

@@ -5,7 +5,6 @@
 #include <windows.h>
 
 namespace quorvane {
-
 namespace {
 
 std::string Item(const wchar_t* localeName, LCTYPE item, const char* fallback)

@@ -11,7 +11,6 @@
 #include <windows.h>
 
 namespace quorvane {
-
 namespace {
 
 bool IsConsole(DWORD standardHandle)

@@ -7,7 +7,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 constexpr DWORD kCancelWaitMs = 200;
 }

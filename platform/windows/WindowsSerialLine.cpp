@@ -6,7 +6,6 @@
 #include <utility>
 
 namespace quorvane {
-
 namespace {
 
 constexpr char kXon = 0x11;

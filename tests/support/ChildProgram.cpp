@@ -14,7 +14,6 @@
 extern char** environ;
 
 namespace quorvane {
-
 namespace {
 
 std::vector<char*> Pointers(std::vector<std::string>& texts)

@@ -2,9 +2,9 @@
 
 namespace quorvane {
 
-/// What the command line ends with.
+/// What the programs without windows end with.
 inline constexpr int kExitDone = 0;
-inline constexpr int kExitFailed = 1; ///< the run or the save failed
+inline constexpr int kExitFailed = 1; ///< what was asked for could not be done
 inline constexpr int kExitUsage = 2;
 
 } // namespace quorvane
