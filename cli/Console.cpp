@@ -1,61 +1,76 @@
 #include "cli/Console.h"
 
-#include <cstdio>
 #include <utility>
 
 namespace quorvane {
 namespace {
 
-void Write(std::FILE* stream, std::string_view text)
+/// @return whether everything is out
+bool Send(StandardStream stream, std::string& pending)
 {
-    // A failed write (a closed pipe) must not end a measurement.
-    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stream));
-    static_cast<void>(std::fflush(stream));
+    std::size_t sent = 0;
+    while (sent < pending.size()) {
+        const std::size_t taken = WriteWithoutWaiting(stream, std::string_view(pending).substr(sent));
+        if (taken == 0)
+            break;
+        sent += taken;
+    }
+    pending.erase(0, sent);
+    return pending.empty();
 }
 
 } // namespace
 
-Console::~Console()
-{
-    HideProgress();
-}
-
 void Console::Print(std::string_view line)
 {
     HideProgress();
-    Write(stdout, std::string(line) + '\n');
+    output_ += line;
+    output_ += '\n';
     ShowProgress();
+    Flush();
 }
 
 void Console::Say(std::string_view line)
 {
     HideProgress();
-    Write(stderr, std::string(line) + '\n');
+    error_ += line;
+    error_ += '\n';
     ShowProgress();
+    Flush();
 }
 
 void Console::SetProgress(std::string line)
 {
-    if (!progressWanted_ || line == progress_)
+    if (!progressWanted_ || line == progress_ || !Flush())
         return;
     HideProgress();
     progress_ = std::move(line);
     ShowProgress();
+    Flush();
+}
+
+bool Console::Flush()
+{
+    const bool errorIsOut = Send(StandardStream::Error, error_);
+    const bool outputIsOut = Send(StandardStream::Output, output_);
+    return errorIsOut && outputIsOut;
 }
 
 void Console::HideProgress()
 {
     if (!progressShown_)
         return;
-    Write(stderr, "\r\x1b[K");
+    error_ += "\r\x1b[K";
     progressShown_ = false;
+    Flush();
 }
 
 void Console::ShowProgress()
 {
     if (!progressWanted_ || progress_.empty())
         return;
-    Write(stderr, progress_);
+    Flush();
+    error_ += progress_;
     progressShown_ = true;
 }
 

@@ -1,31 +1,37 @@
 #pragma once
 
+#include "platform/Platform.h"
+
 #include <string>
 #include <string_view>
 
 namespace quorvane {
 
-/// The terminal: results on standard output, everything said on standard error,
-/// and there, when it is a terminal, one progress line that stays below all
-/// other lines.
+/// The terminal: results on standard output, everything said on standard error, and there, when it is a
+/// terminal, one progress line that stays below all other lines. Nothing here waits for a reader: what a
+/// stream does not take is kept and goes out with a later `Flush`.
 class Console {
 public:
     /// @param progress  whether a progress line is wanted
     explicit Console(bool progress) : progressWanted_(progress) {}
-    ~Console();
     Console(const Console&) = delete;
     Console& operator=(const Console&) = delete;
 
-    /// One line on standard output. A reader who has gone away does not matter.
+    /// One line on standard output.
     void Print(std::string_view line);
     /// One line on standard error.
     void Say(std::string_view line);
+    /// Replaces the progress line; an empty one takes it away. Left out while standard error takes nothing.
     void SetProgress(std::string line);
+    /// Writes what the streams take now. @return whether everything is out
+    bool Flush();
 
 private:
     void HideProgress();
     void ShowProgress();
 
+    std::string output_;
+    std::string error_;
     bool progressWanted_;
     bool progressShown_ = false;
     std::string progress_;

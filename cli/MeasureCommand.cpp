@@ -63,7 +63,7 @@ public:
     int Run();
 
 private:
-    [[nodiscard]] bool OutputFolderExists();
+    [[nodiscard]] int MeasureAndSave();
     void PassInterruptsOn();
     void Watch();
     void TellPortLoss(const RunStatus& status);
@@ -126,15 +126,30 @@ Measurement::Measurement(const MeasureOptions& options)
             .observer = report_})
 {
     watchTimer_.OnTick([this] { Watch(); });
-    pump_.OnIdle([this] { PassInterruptsOn(); });
+    pump_.OnIdle([this] {
+        PassInterruptsOn();
+        world_.console.Flush();
+    });
 }
 
 int Measurement::Run()
 {
+    const int status = MeasureAndSave();
+    // Who reads slowly gets everything; who does not read at all is waited for until Ctrl-C.
+    const int interrupts = interrupts_.Count();
+    while (!world_.console.Flush() && interrupts_.Count() == interrupts)
+        static_cast<void>(pump_.Serve(kNap));
+    return status;
+}
+
+int Measurement::MeasureAndSave()
+{
     settings_.LoadSettings();
     ApplyOptions(options_, state_);
-    if (!OutputFolderExists())
+    if (const auto fault = system_.files->CheckReplace(options_.output)) {
+        save_.TellFailure(*fault); // not after a run of hours
         return kExitFailed;
+    }
 
     watchTimer_.SetInterval(100ms);
     watchTimer_.Enable();
@@ -148,18 +163,6 @@ int Measurement::Run()
         return kExitFailed;
     const bool saved = Save();
     return saved && result != RunResult::ReadFailed ? kExitDone : kExitFailed;
-}
-
-/// A run of hours must not end with a place to save that was never there.
-bool Measurement::OutputFolderExists()
-{
-    const std::filesystem::path folder = PathFromUtf8(options_.output).parent_path();
-    std::error_code error;
-    if (folder.empty() || std::filesystem::is_directory(folder, error))
-        return true;
-    world_.console.Say(world_.texts[235]);
-    world_.console.Say(world_.texts[kFileNotFoundText] + " (" + options_.output + ")");
-    return false;
 }
 
 /// Each Ctrl-C is a press of the stop button.
@@ -209,6 +212,10 @@ void Measurement::ShowProgress(const RunStatus& status)
 /// @return whether the readings are where they were asked for
 bool Measurement::Save()
 {
+    if (state_.SampleCount == 0 && system_.files->Exists(options_.output)) {
+        world_.console.Say(FilledIn(world_.texts[kNothingTakenText], options_.output));
+        return false; // an earlier measurement is worth more than no reading
+    }
     if (save_.SaveMeasurement() == SaveResult::Saved) {
         world_.console.Say(world_.texts[kSavedText] + ": " + options_.output + " (" +
                            std::to_string(state_.SampleCount) + ")");

@@ -1,11 +1,13 @@
 #include "cli/PortsCommand.h"
 
+#include "app/EventPump.h"
 #include "app/ExitStatus.h"
 #include "cli/CommandWorld.h"
 #include "resources/OwnTexts.h"
 
 #include <algorithm>
 #include <string>
+#include <thread>
 
 namespace quorvane {
 
@@ -26,6 +28,8 @@ int RunPortsCommand()
         }
         world.console.Print(line);
     }
+    while (!world.console.Flush())
+        std::this_thread::sleep_for(kNap);
     return kExitDone;
 }
 

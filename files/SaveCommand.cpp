@@ -51,11 +51,13 @@ std::optional<FileFault> SaveCommand::SaveTo(const std::string& path)
 
 std::optional<std::string> SaveCommand::Rescue(std::span<const std::string> folders)
 {
-    const std::string name = "Quorvane-" + FileStamp(world_.clock.Now()) + ".csv";
+    const std::string name = "Quorvane-" + FileStamp(world_.clock.Now());
     for (const std::string& folder : folders) {
         if (folder.empty())
             continue;
-        std::string path = FileInFolder(folder, name);
+        std::string path = FileInFolder(folder, name + ".csv");
+        for (int number = 2; world_.store.Exists(path); ++number)
+            path = FileInFolder(folder, name + "-" + std::to_string(number) + ".csv");
         if (!SaveTo(path))
             return path;
     }

@@ -48,14 +48,15 @@ public:
     /// Saves to `path` (UTF-8) without a word. `DataSaved` becomes 1 when the file is complete.
     [[nodiscard]] std::optional<FileFault> SaveTo(const std::string& path);
 
-    /// Saves to the first of `folders` (UTF-8, an empty one is left out) that takes it, under a name made of
-    /// date and time: so that nothing measured is lost when the chosen place fails.
+    /// Tells the operator that the data file cannot be written, and why.
+    void TellFailure(const FileFault& fault);
+
+    /// Saves to the first of `folders` (UTF-8, an empty one is left out) that takes it, under a new name made
+    /// of date and time: so that nothing measured is lost when the chosen place fails.
     /// @return the path, or nothing when no folder took it
     [[nodiscard]] std::optional<std::string> Rescue(std::span<const std::string> folders);
 
 private:
-    void TellFailure(const FileFault& fault);
-
     ApplicationState& state_;
     const MeasurementArrays& arrays_;
     SaveSurroundings world_;

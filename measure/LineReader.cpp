@@ -12,6 +12,8 @@ namespace {
 
 constexpr int kMaxAcknowledgementReads = 1000;
 constexpr int kMaxEmptyReads = 100;
+/// No line is that long: of an endless one only the latest part is kept.
+constexpr std::size_t kLongestLine = 65536;
 /// A device that never pauses would keep the window from its events; after so many characters in a row they
 /// are served, without a wait.
 constexpr int kCharactersPerLook = 1024;
@@ -77,6 +79,8 @@ LineRead LineReader::ReadDataLine()
             break;
         case Look::Character:
             read.reads = 0;
+            if (read.text.size() > kLongestLine)
+                read.text.erase(0, kLongestLine / 2);
             if (read.text == acknowledgement)
                 read.text.clear();
             break;

@@ -131,7 +131,7 @@ void MeasurementRun::SetPacing()
 MeasurementRun::Refusal MeasurementRun::Connect()
 {
     if (!state_.RunMode)
-        return std::nullopt;
+        return CancelRequested == 0 ? std::nullopt : Refusal(RunResult::StoppedAtStart);
     if (!parts_.link.OpenPort()) {
         parts_.link.ClosePort();
         return RunResult::PortNotOpened;
@@ -150,11 +150,11 @@ MeasurementRun::Refusal MeasurementRun::Connect()
 void MeasurementRun::PrepareRun()
 {
     const LocalMoment now = parts_.clock.Now();
+    state_.SampleCount = 0; // first, for whoever hears of the lamps must find no reading
+    takenSamples_ = 0;
     record_.Begin(now);
     lines_.Begin();
     lamps_.Clear();
-    state_.SampleCount = 0;
-    takenSamples_ = 0;
     MinuteTicks = 0;
     RunDate = floor<days>(now);
     if (state_.RunMode)

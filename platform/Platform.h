@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace quorvane {
 
@@ -24,6 +25,7 @@ struct Platform {
     std::unique_ptr<LocalClock> clock;
 };
 
+/// Also sees to it that the standard streams are open, or the port could get the number of one.
 [[nodiscard]] Platform MakePlatform();
 
 /// Folder of the running program's file, UTF-8, without a trailing separator; "." when the system does not
@@ -35,5 +37,11 @@ struct Platform {
 [[nodiscard]] std::optional<std::string> EnvironmentText(const std::string& name);
 
 [[nodiscard]] bool StandardErrorIsTerminal();
+
+enum class StandardStream { Output, Error };
+
+/// Writes as much of `text` as the stream takes without a wait: a pager or a stopped terminal must not hold
+/// the program. @return bytes written; all of them when nobody can read any more
+[[nodiscard]] std::size_t WriteWithoutWaiting(StandardStream stream, std::string_view text);
 
 } // namespace quorvane

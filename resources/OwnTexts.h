@@ -35,6 +35,7 @@ enum OwnText : int {
     kAlarmExcursionText = 1028,
     kRescuedText = 1029, ///< %1: a file's path
     kNotRescuedText = 1030,
+    kNothingTakenText = 1031, ///< %1: a file's path
 };
 
 /// The number of the sentence that explains the fault to the operator.

@@ -96,6 +96,8 @@ constexpr Entry kEntries[] = {
      "測定データを代わりに次の場所へ保存しました: %1"},
     {kNotRescuedText, "The readings could not be saved anywhere.",
      "測定データはどこにも保存できませんでした。"},
+    {kNothingTakenText, "No reading was taken; %1 was left as it is.",
+     "測定データがないため、%1 は変更していません。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

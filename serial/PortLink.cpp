@@ -37,7 +37,7 @@ bool PortLink::OpenPort()
     const auto device = names_.Device(PortNumber(state_.RsPort));
     const auto line = ReadLineSettings(state_);
     if (!device)
-        lastFault_ = PortFault{PortFaultKind::Absent, state_.RsPort};
+        lastFault_ = PortFault{PortFaultKind::Absent, {}};
     else if (!line)
         lastFault_ = PortFault{PortFaultKind::Unsupported, LineSettingsText(state_)};
     else

@@ -14,8 +14,8 @@
 namespace quorvane {
 
 /// Lets a simulated instrument live on a virtual serial line, in real time. As on a wire, what it sends while
-/// nobody listens is lost, and what a client did not read is not kept for the next. A client that reads
-/// slowly loses nothing.
+/// nobody listens is lost, and what a client did not read is not kept for the next (clients that follow each
+/// other within milliseconds are taken for one). A client that reads slowly loses nothing.
 class LineServer {
 public:
     enum class End { Stopped, HungUp, Failed };

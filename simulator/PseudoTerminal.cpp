@@ -66,7 +66,9 @@ std::string PseudoTerminal::Read()
 {
     std::string bytes;
     std::array<char, 4096> chunk{};
-    for (ssize_t length = 0; (length = read(near_, chunk.data(), chunk.size())) > 0;)
+    constexpr std::size_t kAtOnce = 65536; // a client that floods the line must not keep the program here
+    for (ssize_t length = 0;
+         bytes.size() < kAtOnce && (length = read(near_, chunk.data(), chunk.size())) > 0;)
         bytes.append(chunk.data(), static_cast<std::size_t>(length));
     return bytes; // nothing more for now, or (EIO) nobody there
 }

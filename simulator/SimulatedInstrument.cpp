@@ -36,11 +36,12 @@ void SimulatedInstrument::Receive(std::string_view bytes, Time now)
     if (hangUpTime_)
         return;
     received_.append(bytes);
-    std::size_t end = 0;
-    while ((end = received_.find(kLineEnd)) != std::string::npos) {
-        Command(std::string_view(received_).substr(0, end), now);
-        received_.erase(0, end + kLineEnd.size());
+    std::size_t begin = 0;
+    for (std::size_t end = 0; (end = received_.find(kLineEnd, begin)) != std::string::npos;) {
+        Command(std::string_view(received_).substr(begin, end - begin), now);
+        begin = end + kLineEnd.size();
     }
+    received_.erase(0, begin);
     if (received_.size() > kLongestCommand)
         received_.clear();
 }

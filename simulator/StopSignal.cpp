@@ -1,6 +1,7 @@
 #include "simulator/StopSignal.h"
 
 #include <csignal>
+#include <initializer_list>
 #include <poll.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -12,9 +13,11 @@ StopSignal::StopSignal()
     sigset_t signals;
     sigemptyset(&signals);
     sigaddset(&signals, SIGTERM);
-    struct sigaction interrupt {};
-    if (sigaction(SIGINT, nullptr, &interrupt) == 0 && interrupt.sa_handler != SIG_IGN)
-        sigaddset(&signals, SIGINT);
+    for (const int signal : {SIGINT, SIGHUP}) {
+        struct sigaction inherited {};
+        if (sigaction(signal, nullptr, &inherited) == 0 && inherited.sa_handler != SIG_IGN)
+            sigaddset(&signals, signal);
+    }
     sigprocmask(SIG_BLOCK, &signals, nullptr);
     descriptor_ = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
 }

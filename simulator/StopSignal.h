@@ -2,9 +2,9 @@
 
 namespace quorvane {
 
-/// The wish that the program should end: SIGTERM, or SIGINT unless whoever started the program had it ignored
-/// (a script that keeps its background programs through Ctrl-C). The signals stay blocked and are waited for
-/// like input.
+/// The wish that the program should end: SIGTERM, or SIGINT and SIGHUP unless whoever started the program had
+/// them ignored (a script that keeps its background programs through Ctrl-C, nohup). The signals stay blocked
+/// and are waited for like input.
 class StopSignal {
 public:
     StopSignal();

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <exception>
 #include <iostream>
 #include <memory>
 #include <vector>
@@ -75,12 +76,8 @@ int Serve(const InstrumentOptions& options, const LocalClock& clock, std::unique
     return Complain(server.FailureText());
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int Run(const std::vector<std::string>& arguments)
 {
-    std::signal(SIGPIPE, SIG_IGN); // whoever reads the path or the traffic may stop reading
-    const std::vector<std::string> arguments(argv + std::min(argc, 1), argv + argc);
     InstrumentOptions options;
     if (auto fault = ReadInstrumentOptions(arguments, options)) {
         Complain(fault->text);
@@ -100,4 +97,16 @@ int main(int argc, char** argv)
     if (auto fault = OpenReadings(options, *platform.files, readings))
         return Complain(*fault);
     return Serve(options, *platform.clock, std::move(readings));
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    std::signal(SIGPIPE, SIG_IGN); // whoever reads the path or the traffic may stop reading
+    try {
+        return Run({argv + std::min(argc, 1), argv + argc});
+    } catch (const std::exception& error) {
+        return Complain(error.what());
+    }
 }

@@ -98,6 +98,32 @@ Fault FollowLinks(Path& path)
     return FaultOf(ELOOP);
 }
 
+/// The file that is to be replaced, and where it stands.
+struct Target {
+    Path path;
+    Path folder;
+    bool exists = false;
+    struct stat status {};
+};
+
+Fault FindTarget(const std::string& path, Target& target)
+{
+    target.path = path;
+    if (Fault fault = FollowLinks(target.path))
+        return fault;
+    if (!target.path.has_filename())
+        return FaultOf(path.empty() ? ENOENT : EISDIR);
+    target.folder = target.path.has_parent_path() ? target.path.parent_path() : Path(".");
+    target.exists = ::stat(target.path.c_str(), &target.status) == 0;
+    if (!target.exists && errno != ENOENT)
+        return FaultOf(errno);
+    if (target.exists && !S_ISREG(target.status.st_mode))
+        return NotAFile(target.status);
+    if (target.exists && ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)
+        return FaultOf(errno); // renaming would get round the file's write protection
+    return std::nullopt;
+}
+
 /// A new file beside the one that it is to replace; removed unless it was kept.
 class TemporaryFile {
 public:
@@ -208,34 +234,34 @@ Fault PosixFileStore::Append(const std::string& path, std::string_view bytes)
     return error == 0 ? Fault{} : FaultOf(error);
 }
 
+Fault PosixFileStore::CheckReplace(const std::string& path) const
+{
+    Target target;
+    if (Fault fault = FindTarget(path, target))
+        return fault;
+    return ::faccessat(AT_FDCWD, target.folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0 ? Fault{}
+                                                                                      : FaultOf(errno);
+}
+
 Fault PosixFileStore::Replace(const std::string& path, std::string_view bytes)
 {
-    Path target = path;
-    if (Fault fault = FollowLinks(target))
+    Target target;
+    if (Fault fault = FindTarget(path, target))
         return fault;
-    if (!target.has_filename())
-        return FaultOf(path.empty() ? ENOENT : EISDIR);
-    struct stat old {};
-    const bool replaces = ::stat(target.c_str(), &old) == 0;
-    if (replaces && !S_ISREG(old.st_mode))
-        return NotAFile(old);
-    if (replaces && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)
-        return FaultOf(errno); // renaming would get round the file's write protection
-    const Path folder = target.has_parent_path() ? target.parent_path() : Path(".");
 
     TemporaryFile beside;
-    if (Fault fault = beside.Create(folder, replaces ? 0600 : 0666))
+    if (Fault fault = beside.Create(target.folder, target.exists ? 0600 : 0666))
         return fault;
-    if (replaces) {
-        if (Fault fault = beside.TakeOver(old))
+    if (target.exists) {
+        if (Fault fault = beside.TakeOver(target.status))
             return fault;
     }
     if (Fault fault = beside.Write(bytes))
         return fault;
-    if (Fault fault = beside.RenameTo(target))
+    if (Fault fault = beside.RenameTo(target.path))
         return fault;
     // The new file is in place whatever this gives; it only makes the renaming itself outlast a power cut.
-    Flush(OpenDescriptor(folder.string(), O_RDONLY | O_DIRECTORY));
+    Flush(OpenDescriptor(target.folder.string(), O_RDONLY | O_DIRECTORY));
     return std::nullopt;
 }
 

@@ -13,6 +13,7 @@ public:
     [[nodiscard]] std::optional<FileFault> ReadWhole(const std::string& path,
                                                      std::string& bytes) const override;
     [[nodiscard]] std::optional<FileFault> Append(const std::string& path, std::string_view bytes) override;
+    [[nodiscard]] std::optional<FileFault> CheckReplace(const std::string& path) const override;
     [[nodiscard]] std::optional<FileFault> Replace(const std::string& path, std::string_view bytes) override;
 };
 

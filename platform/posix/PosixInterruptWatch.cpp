@@ -22,6 +22,7 @@ void CountRequest(int /*signal*/)
 struct InterruptWatch::Saved {
     struct sigaction watched[std::size(kWatched)];
     struct sigaction pipe;
+    struct sigaction fileSize;
 };
 
 InterruptWatch::InterruptWatch() : saved_(std::make_unique<Saved>()), countAtStart_(requests.load())
@@ -40,6 +41,8 @@ InterruptWatch::InterruptWatch() : saved_(std::make_unique<Saved>()), countAtSta
     struct sigaction ignore {};
     ignore.sa_handler = SIG_IGN;
     ::sigaction(SIGPIPE, &ignore, &saved_->pipe);
+    ::sigaction(SIGXFSZ, &ignore,
+                &saved_->fileSize); // a file beyond the user's limit fails to be written instead
 }
 
 InterruptWatch::~InterruptWatch()
@@ -47,6 +50,7 @@ InterruptWatch::~InterruptWatch()
     for (std::size_t i = 0; i < std::size(kWatched); ++i)
         ::sigaction(kWatched[i], &saved_->watched[i], nullptr);
     ::sigaction(SIGPIPE, &saved_->pipe, nullptr);
+    ::sigaction(SIGXFSZ, &saved_->fileSize, nullptr);
 }
 
 int InterruptWatch::Count() const

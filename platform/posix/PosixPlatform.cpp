@@ -7,15 +7,33 @@
 #include "platform/posix/PosixPortProbe.h"
 #include "platform/posix/PosixSerialControl.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
+#include <poll.h>
 #include <system_error>
 #include <unistd.h>
 
 namespace quorvane {
+namespace {
+
+// A program started with a standard stream closed would get that number for the next file that it opens, and
+// then print its rows to the instrument.
+void OccupyStandardStreams()
+{
+    for (int fd = 0; fd <= STDERR_FILENO; ++fd) {
+        if (::fcntl(fd, F_GETFD) < 0)
+            static_cast<void>(::open("/dev/null", O_RDWR)); // takes the lowest free number: this one
+    }
+}
+
+} // namespace
 
 Platform MakePlatform()
 {
+    OccupyStandardStreams();
     return {
         .serial = std::make_unique<PosixSerialControl>(),
         .portNames = std::make_unique<PosixPortNames>(),
@@ -39,6 +57,20 @@ std::optional<std::string> EnvironmentText(const std::string& name)
     if (const char* text = std::getenv(name.c_str()))
         return text;
     return std::nullopt;
+}
+
+std::size_t WriteWithoutWaiting(StandardStream stream, std::string_view text)
+{
+    const int fd = stream == StandardStream::Output ? STDOUT_FILENO : STDERR_FILENO;
+    pollfd state{fd, POLLOUT, 0};
+    if (text.empty() || ::poll(&state, 1, 0) <= 0)
+        return 0;
+    constexpr std::size_t kTakenAtOnce = 4096; // by a pipe or a terminal that says it takes something
+    const ssize_t count = ::write(fd, text.data(), std::min(text.size(), kTakenAtOnce));
+    if (count < 0)
+        return errno == EINTR || errno == EAGAIN ? 0
+                                                 : text.size(); // a reader who has gone away does not matter
+    return static_cast<std::size_t>(count);
 }
 
 bool StandardErrorIsTerminal()

@@ -105,6 +105,14 @@ std::wstring FolderOf(const std::wstring& path)
     return end == std::wstring::npos ? std::wstring() : path.substr(0, end + 1);
 }
 
+/// Asks whether there is a file that may be written, and lets go of it again.
+Fault CheckTarget(const std::wstring& target)
+{
+    Handle old;
+    Fault fault = OpenDiskFile(target, GENERIC_WRITE, OPEN_EXISTING, old);
+    return fault && fault->kind != FileFaultKind::NotFound ? fault : Fault{};
+}
+
 /// A new file beside the one that it is to replace; removed unless it was kept.
 class TemporaryFile {
 public:
@@ -196,15 +204,20 @@ Fault WindowsFileStore::Append(const std::string& path, std::string_view bytes)
     return file.Close() ? Fault{} : LastFault();
 }
 
+Fault WindowsFileStore::CheckReplace(const std::string& path) const
+{
+    const std::wstring target = Followed(Wide(path));
+    if (Fault fault = CheckTarget(target))
+        return fault;
+    TemporaryFile beside; // the system's rules of permission are best asked by trying
+    return beside.Create(FolderOf(target));
+}
+
 Fault WindowsFileStore::Replace(const std::string& path, std::string_view bytes)
 {
     const std::wstring target = Followed(Wide(path));
-    {
-        Handle old; // asks whether there is a file that may be written, and lets go of it again
-        const Fault fault = OpenDiskFile(target, GENERIC_WRITE, OPEN_EXISTING, old);
-        if (fault && fault->kind != FileFaultKind::NotFound)
-            return fault;
-    }
+    if (Fault fault = CheckTarget(target))
+        return fault;
     TemporaryFile beside;
     if (Fault fault = beside.Create(FolderOf(target)))
         return fault;

@@ -63,6 +63,16 @@ std::optional<std::string> EnvironmentText(const std::string& name)
     return Utf8(text);
 }
 
+std::size_t WriteWithoutWaiting(StandardStream stream, std::string_view text)
+{
+    const HANDLE handle =
+        ::GetStdHandle(stream == StandardStream::Output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
+    DWORD count = 0;
+    if (!::WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &count, nullptr))
+        return text.size(); // a reader who has gone away does not matter
+    return count;
+}
+
 bool StandardErrorIsTerminal()
 {
     return IsConsole(STD_ERROR_HANDLE);

@@ -1,9 +1,12 @@
 #include "tests/support/Bench.h"
 
+#include <chrono>
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace quorvane {
 namespace {
@@ -69,6 +72,33 @@ TEST(Measure, CtrlCStopsAndSavesWhatWasTaken)
     const std::string rest = program.RestOfOutput();
     EXPECT_EQ(program.Wait(), 0) << bench.Said();
     EXPECT_EQ(bench.Rows().size(), 3U + static_cast<std::size_t>(std::count(rest.begin(), rest.end(), '\n')));
+    EXPECT_EQ(bench.ErrorLog(), "");
+}
+
+TEST(Measure, ASecondCtrlCGivesTheStopExchangeUp)
+{
+    const Bench bench({"--speed", "20", "--verbose"});
+    ChildProgram program = bench.Measure({"--samples", "65500", "--interval", "1", "--speed", "20"});
+    static_cast<void>(program.NextLine());
+    static_cast<void>(program.NextLine());
+    program.Signal(SIGINT);
+    // One N that ends the stream; the quiet second behind it is given up, and the second N never sent.
+    const auto commands = [&] {
+        const std::string traffic = FileBytes(bench.Folder().Path("instrument.txt"));
+        std::size_t count = 0;
+        for (std::size_t at = traffic.find("N\\r\\n"); at != std::string::npos;
+             at = traffic.find("N\\r\\n", at + 1))
+            ++count;
+        return count;
+    };
+    const std::size_t before = commands();
+    while (commands() == before)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    program.Signal(SIGINT);
+    static_cast<void>(program.RestOfOutput());
+    EXPECT_EQ(program.Wait(), 0) << bench.Said();
+    EXPECT_LE(commands() - before, 2U) << "the N and its answer";
+    EXPECT_GE(bench.Rows().size(), 1U);
     EXPECT_EQ(bench.ErrorLog(), "");
 }
 
@@ -139,25 +169,76 @@ TEST(Measure, SimulatedReadingsRepeatWithTheirSeed)
     EXPECT_EQ(firstColumns[0], firstColumns[1]);
 }
 
+TEST(Measure, TellsBeforeTheRunThatTheFileCannotBeWritten)
+{
+    const Bench bench({});
+    for (const std::string& output :
+         {bench.Folder().Path("absent/out.csv"), bench.Folder().Path(), std::string("/dev/null")}) {
+        ChildProgram program = bench.Start(
+            {"measure", "--simulate", "--samples", "65500", "--interval", "900", "--output", output},
+            "errors.txt");
+        EXPECT_EQ(program.Wait(), 1) << output;
+        EXPECT_THAT(bench.Said(), testing::StartsWith("Data File can not create or save. ")) << output;
+    }
+}
+
 TEST(Measure, AFailedSaveLosesNothing)
 {
     const Bench bench({});
-    const auto run = [&](const std::string& output) {
-        ChildProgram program = bench.Start({"measure", "--simulate", "--samples", "3", "--interval", "1",
-                                            "--speed", "1000", "--quiet", "--output", output},
-                                           "errors.txt");
-        return program.Wait();
-    };
-    EXPECT_EQ(run(bench.Folder().Path("absent/out.csv")), 1) << "told before anything is measured";
-    EXPECT_THAT(bench.Said(), HasSubstr("Data File can not create or save."));
-
-    EXPECT_EQ(run(bench.Folder().Path()), 1); // a folder is no file
-    EXPECT_THAT(bench.Said(), HasSubstr("Data File can not create or save."));
-    const std::string mark = "The readings were saved here instead: ";
+    const std::string folder = bench.Folder().Path("gone");
+    std::filesystem::create_directory(folder);
+    ChildProgram program = bench.Start({"measure", "--simulate", "--samples", "3", "--interval", "1",
+                                        "--speed", "5", "--output", folder + "/out.csv"},
+                                       "errors.txt");
+    static_cast<void>(program.NextLine());
+    std::filesystem::remove(folder); // while it measures
+    static_cast<void>(program.RestOfOutput());
+    EXPECT_EQ(program.Wait(), 1);
     const std::string said = bench.Said();
+    EXPECT_THAT(said, HasSubstr("Data File can not create or save. No such file"));
+    const std::string mark = "The readings were saved here instead: ";
     ASSERT_THAT(said, HasSubstr(mark));
     const std::string path = said.substr(said.find(mark) + mark.size());
     EXPECT_THAT(FileBytes(path.substr(0, path.find('\n'))), HasSubstr("\r\nData,3\r\n"));
+}
+
+TEST(Measure, NoReadingReplacesNoOlderMeasurement)
+{
+    const Bench bench({"--fault", "silent:D"});
+    std::ofstream(bench.Output()) << "older";
+    ChildProgram program =
+        bench.Measure({"--samples", "3", "--interval", "1", "--speed", "20", "--give-up", "0.5"});
+    static_cast<void>(program.RestOfOutput());
+    EXPECT_EQ(program.Wait(), 1);
+    EXPECT_EQ(FileBytes(bench.Output()), "older");
+    EXPECT_THAT(bench.Said(), HasSubstr("No reading was taken; " + bench.Output() + " was left as it is."));
+}
+
+TEST(Measure, AReaderWhoDoesNotReadHoldsNothingUp)
+{
+    const Bench bench({});
+    ChildProgram program = bench.Start({"measure", "--simulate", "--samples", "5000", "--interval", "1",
+                                        "--speed", "5000", "--output", bench.Output()},
+                                       "errors.txt");
+    while (bench.Said().find("Saved: ") == std::string::npos) // its rows are more than a pipe holds
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_EQ(bench.Rows().size(), 5000U);
+    program.Signal(SIGINT); // or it would wait for somebody who reads them
+    EXPECT_EQ(program.Wait(), 0);
+}
+
+TEST(Measure, PrintsNothingIntoTheLine)
+{
+    const Bench bench({"--speed", "20", "--verbose"});
+    // Without standard streams the port would be the first file that the program opens.
+    const std::string command = std::string("exec ") + QUORVANE_CLI + " measure --port " + bench.Device() +
+                                " --samples 2 --interval 1 --speed 20 --output " + bench.Output() +
+                                " <&- >&- 2>&-";
+    ChildProgram program("/bin/sh", {"-c", command}, bench.Folder().Path("errors.txt"),
+                         {{"QUORVANE_HOME", bench.Folder().Path()}});
+    EXPECT_EQ(program.Wait(), 0);
+    EXPECT_EQ(bench.Rows().size(), 2U);
+    EXPECT_THAT(FileBytes(bench.Folder().Path("instrument.txt")), testing::Not(HasSubstr("mg/m3")));
 }
 
 TEST(Measure, TellsWrongUsageInOneLineAndTheUsage)

@@ -36,6 +36,8 @@ public:
         return appendFault;
     }
 
+    std::optional<FileFault> CheckReplace(const std::string&) const override { return replaceFault; }
+
     std::optional<FileFault> Replace(const std::string& path, std::string_view bytes) override
     {
         ++replaceCalls;
