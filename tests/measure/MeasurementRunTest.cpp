@@ -223,6 +223,21 @@ TEST(MeasurementRun, ASecondRunBeginsAfresh)
     EXPECT_GE(with.world.Elapsed() - start, 150s);
 }
 
+TEST(MeasurementRun, WhoeverHearsOfTheLampsGoingOutFindsNoReading)
+{
+    RunWorld with;
+    with.state.CAlarm = with.state.StelAlarm = with.state.TwaAlarm = 1;
+    with.GiveLines(3);
+    ASSERT_EQ(with.run.Start(), RunResult::Completed);
+    with.state.DataSaved = 1;
+    with.state.TotalSamples = 1; // fewer rows than before
+    with.listener.onLampOut = [&] {
+        EXPECT_EQ(with.state.SampleCount, 0);
+        with.run.ResetAlarms();
+    };
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+}
+
 TEST(MeasurementRun, GoesOnOverMidnight)
 {
     RunWorld with(std::chrono::local_days(std::chrono::year(2024) / 2 / 28) + 23h + 59min + 57s);

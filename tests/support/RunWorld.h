@@ -19,6 +19,7 @@ public:
     int prepared = 0;
     int cleared = 0;
     std::function<void(int)> onSample;
+    std::function<void()> onLampOut;
 
     void StateChanged(RunState state) override { states.push_back(state); }
     void RunPrepared() override { ++prepared; }
@@ -33,6 +34,8 @@ public:
     {
         if (on)
             lit.push_back(lamp);
+        else if (onLampOut)
+            onLampOut();
     }
     void RunEnded(RunResult result) override { results.push_back(result); }
 };
