@@ -1,20 +1,13 @@
 #pragma once
 
-#include "files/AppFiles.h"
-
-#include <fstream>
-#include <gtest/gtest.h>
-#include <iterator>
-#include <string>
+#include "tests/support/ScratchFolder.h"
 
 namespace quorvane {
 
 /// The bytes of a file that was made by hand.
-inline std::string GoldenBytes(std::string_view name)
+inline std::string GoldenBytes(const std::string& name)
 {
-    std::ifstream file(PathFromUtf8(FileInFolder(QUORVANE_GOLDEN_FOLDER, name)), std::ios::binary);
-    EXPECT_TRUE(file.is_open()) << name;
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return FileBytes(QUORVANE_GOLDEN_FOLDER "/" + name);
 }
 
 } // namespace quorvane

@@ -1,6 +1,5 @@
 #include "files/NumberText.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
@@ -19,69 +18,38 @@ TEST(NumberText, GeneralFormHasAtMostFifteenDigits)
         std::string_view text;
     };
     const Row rows[] = {
-        {"zero", 0, "0"},
         {"negative zero", -0.0, "0"},
-        {"a whole number", 65500, "65500"},
-        {"trailing zeros of a whole number stay", 100, "100"},
-        {"negative", -12.5, "-12.5"},
-        {"a conversion coefficient", 1.3 / 1000, "0.0013"},
         {"noise of the 17th digit disappears", 0.1 + 0.2, "0.3"},
-        {"a third, down", 1.0 / 3, "0.333333333333333"},
-        {"two thirds, up", 2.0 / 3, "0.666666666666667"},
-        {"the carry runs through", 0.99999999999999989, "1"},
+        {"two thirds, up", -2e-7 / 3, "-6.66666666666667E-08"},
         {"the carry opens a new digit", 999.99999999999989, "1000"},
         // The shortest texts of these end in "5" at the 16th digit; the exact value decides.
         {"just below a tie", 1.291022617146975, "1.29102261714697"},   // 1.29102261714697497...
         {"just above a tie", 0.3873067851440925, "0.387306785144093"}, // 0.387306785144092502...
-        {"below it, larger", 130.4339147047165, "130.433914704716"},   // 130.43391470471649995...
         {"an exact tie goes away from zero", 100000000000000.5, "100000000000001"},
-        {"an exact tie goes away from zero below it too", -100000000000000.5, "-100000000000001"},
         {"the smallest plain exponent", 0.00001, "0.00001"},
         {"below it", 0.000001, "1E-06"},
         {"rounding reaches the plain exponent", 9.9999999999999996e-6, "0.00001"},
-        {"below it, with decimals", -1.25e-7, "-1.25E-07"},
-        {"the largest plain exponent", 999999999999999, "999999999999999"},
         {"above it", 1e15, "1E+15"},
         {"rounding leaves the plain exponent", 999999999999999.9, "1E+15"},
-        {"a whole number of 17 digits", 12345678901234567.0, "1.23456789012346E+16"},
         {"three digits of exponent", 1.7976931348623157e308, "1.79769313486232E+308"},
-        {"the smallest normal number", 2.2250738585072014e-308, "2.2250738585072E-308"},
-        {"infinite", kInfinity, "0"},
-        {"infinite downwards", -kInfinity, "0"},
+        {"infinite", -kInfinity, "0"},
         {"no number", kNoNumber, "0"},
     };
     for (const Row& row : rows)
         EXPECT_EQ(GeneralText(row.value), row.text) << row.what;
 }
 
-TEST(NumberText, DecimalSignOfTheUserAppearsInEveryForm)
+TEST(NumberText, EachFormHasItsSigns)
 {
-    EXPECT_EQ(GeneralText(-0.25, ","), "-0,25");
     EXPECT_EQ(GeneralText(1.5e-9, ","), "1,5E-09");
     EXPECT_EQ(PatternText(3, {1, 1, 3}, ","), "3,0");
     EXPECT_EQ(PatternText(3, {2, 0, 0}, ","), "03");
-}
-
-TEST(NumberText, AppendKeepsWhatStandsBefore)
-{
-    std::string line = "12:00:00,";
-    AppendGeneral(line, 1.25, ".");
-    line += ',';
-    AppendPattern(line, 0.05, {1, 1, 4}, ".");
-    EXPECT_EQ(line, "12:00:00,1.25,0.05");
-}
-
-TEST(NumberText, SettingsFormPutsABlankBeforeWhatIsNotBelowZero)
-{
-    EXPECT_EQ(BlankedText(0.0013), " 0.0013");
-    EXPECT_EQ(BlankedText(0), " 0");
-    EXPECT_EQ(BlankedText(-0.0), " 0");
-    EXPECT_EQ(BlankedText(-3), "-3");
+    EXPECT_EQ(BlankedText(-0.0), " 0") << "a blank before what is not below zero";
     EXPECT_EQ(BlankedText(1e20), " 1E+20");
+    EXPECT_EQ(BlankedText(-3), "-3");
 }
 
 constexpr NumberPattern kAverage = {1, 1, 4};     // "###0.0###"
-constexpr NumberPattern kIntegrated = {1, 1, 3};  // "#####0.0##"
 constexpr NumberPattern kTenths = {1, 1, 1};      // "0.0"
 constexpr NumberPattern kCents = {1, 2, 2};       // "0.00"
 constexpr NumberPattern kThousandths = {3, 3, 3}; // "000.000"
@@ -97,34 +65,20 @@ TEST(NumberText, PatternsRoundHalfAwayFromZeroOnTheDecimalText)
     };
     const Row rows[] = {
         {"short decimals stay", 0.05, kAverage, "0.05"},
-        {"one decimal at least", 12, kAverage, "12.0"},
-        {"four at most", 12.345678, kAverage, "12.3457"},
-        {"three at most", 12.345678, kIntegrated, "12.346"},
-        {"a whole sum", 3, kIntegrated, "3.0"},
-        {"zeros in the middle stay", 1.00004, kAverage, "1.0"},
-        {"more digits than the pattern's places", 1234567.25, kAverage, "1234567.25"},
         {"a half in the last place, binary below it", 0.00015, kAverage, "0.0002"},
         {"a half that is exact", 1.25, kTenths, "1.3"},
         {"a half, binary below it", 1.005, kCents, "1.01"},
-        {"a half, binary below it, again", 2.675, kCents, "2.68"},
         {"a half below zero", -1.25, kTenths, "-1.3"},
         {"a sum's noise does not hide the half", 0.35 - 0.1, kTenths, "0.3"}, // 0.24999999999999997
         {"just below a half", 0.049999, kTenths, "0.0"},
         {"a half of the last place alone", 0.05, kTenths, "0.1"},
-        {"far below the last place", 0.00001, kTenths, "0.0"},
         {"no minus on nothing", -0.00004, kAverage, "0.0"},
-        {"negative zero", -0.0, kAverage, "0.0"},
         {"the carry opens a digit", 9.99995, kAverage, "10.0"},
-        {"the carry opens the first digit", 0.99996, kAverage, "1.0"},
         {"leading zeros", 4.0625, kThousandths, "004.063"},
-        {"leading zeros of nothing", 0, kThousandths, "000.000"},
-        {"as wide as the pattern", 123.4, kThousandths, "123.400"},
-        {"digits alone", 42, kFiveDigits, "00042"},
         {"digits alone, rounded", 0.5, kFiveDigits, "00001"},
-        {"never an exponent, large", 1e21, kIntegrated, "1000000000000000000000.0"},
+        {"never an exponent, large", 1e21, kAverage, "1000000000000000000000.0"},
         {"never an exponent, small", 1e-300, kAverage, "0.0"},
-        {"fifteen digits, then zeros", 12345678901234567.0, kIntegrated, "12345678901234600.0"},
-        {"infinite", kInfinity, kAverage, "0.0"},
+        {"fifteen digits, then zeros", 12345678901234567.0, kAverage, "12345678901234600.0"},
         {"no number", kNoNumber, kThousandths, "000.000"},
     };
     for (const Row& row : rows)
@@ -138,11 +92,9 @@ TEST(NumberText, TextsOfFifteenDigitsComeBackUnchanged)
     SCOPED_TRACE("seed " + std::to_string(seed));
     std::mt19937_64 random(seed);
     for (int round = 0; round < 20000; ++round) {
-        std::uint64_t digits = random() % 999'999'999'999'999 + 1;
+        std::string text = std::to_string(random() % 99'999'999'999'999 + 1);
+        text += static_cast<char>('1' + random() % 9); // no trailing zero behind the decimal sign
         const std::size_t decimals = random() % 5;
-        if (digits % 10 == 0)
-            ++digits; // no trailing zero behind the decimal sign
-        std::string text = std::to_string(digits);
         if (text.size() <= decimals)
             text.insert(0, decimals + 1 - text.size(), '0');
         if (decimals > 0)
@@ -160,72 +112,39 @@ TEST(NumberText, LeadingNumberStopsAtTheFirstOtherCharacter)
         double decimal;
     };
     const Row rows[] = {
-        {"nothing", "", 0, 0},
-        {"blanks alone", "   ", 0, 0},
-        {"leading blanks", "  38400", 38400, 38400},
-        {"leading tab", "\t7", 7, 7},
-        {"the instrument's zeros", "0000012", 12, 12},
-        {"the instrument's decimals", "001.250", 1.25, 1.25},
-        {"behind a sign", "+2.5", 2.5, 2.5},
-        {"below zero", "-01.250", -1.25, -1.25},
-        {"two signs", "+-5", 0, 0},
-        {"a sign alone", "-", 0, 0},
-        {"a blank behind the sign", "- 5", 0, 0},
-        {"no digit before the point", ".5", 0.5, 0.5},
-        {"no digit before the point, negative", "-.5", -0.5, -0.5},
-        {"no digit behind the point", "5.", 5, 5},
-        {"a point alone", ".", 0, 0},
-        {"a second point ends", "1.2.3", 1.2, 1.2},
-        {"a comma ends", "1,5", 1, 1},
-        {"a line end ends", "1.2\r\n", 1.2, 1.2},
-        {"letters", "abc", 0, 0},
-        {"letters behind", "12 mg", 12, 12},
-        {"an exponent", "1E5", 100000, 1},
-        {"a small one", "25e-1x", 2.5, 25},
-        {"an exponent without digits", "1E", 1, 1},
-        {"an exponent with a sign alone", "1E+", 1, 1},
-        {"an infinity is a word", "inf", 0, 0},
-        {"so is its negative", "-infinity", 0, 0},
-        {"so is no number", "nan", 0, 0},
-        {"hexadecimal is a 0", "0x10", 0, 0},
-        {"beyond a double", "1E400", 0, 1},
-        {"beyond a double, negative", "-1E400", 0, -1},
-        {"too small for a double", "1E-400", 0, 1},
+        {"leading blank and tab", " \t7", 7, 7},    {"behind a sign", "+2.5", 2.5, 2.5},
+        {"below zero", "-01.250", -1.25, -1.25},    {"no digit before the point", "-.5", -0.5, -0.5},
+        {"a second point ends", "1.2.3", 1.2, 1.2}, {"a comma ends", "1,5", 1, 1},
+        {"an exponent", "25e-1x", 2.5, 25},         {"an exponent with a sign alone", "1E+", 1, 1},
+        {"beyond a double", "-1E400", 0, -1},       {"too small for a double", "1E-400", 0, 1},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(LeadingNumber(row.text), row.number) << row.what;
         EXPECT_EQ(LeadingDecimal(row.text), row.decimal) << row.what;
     }
+    for (const std::string_view text : {"", "  ", "+-5", "-", ".", "-infinity", "nan"})
+        EXPECT_EQ(LeadingNumber(text), 0) << text;
 }
 
 TEST(NumberText, NumbersTooLargeForADoubleAreNoticed)
 {
     const std::string large(400, '9');
-    const std::string tiny = "0." + std::string(400, '0') + "1";
     EXPECT_EQ(LeadingNumberInRange("1E308"), 1e308);
-    EXPECT_EQ(LeadingNumberInRange(" 1E309"), std::nullopt);
     EXPECT_EQ(LeadingNumberInRange("-1E309"), std::nullopt);
     EXPECT_EQ(LeadingNumberInRange(large), std::nullopt);
     EXPECT_EQ(LeadingNumberInRange("1E-400"), 0.0);
-    EXPECT_EQ(LeadingNumberInRange("-" + tiny), 0.0);
-    EXPECT_EQ(LeadingNumberInRange("no number"), 0.0);
-    EXPECT_EQ(LeadingNumber(large), 0);
+    EXPECT_EQ(LeadingNumberInRange("-0." + std::string(400, '0') + "1"), 0.0);
     EXPECT_EQ(LeadingDecimal(large), 0);
-    EXPECT_EQ(LeadingDecimal(tiny), 0);
 }
 
 TEST(NumberText, WholeNumbersRoundAHalfToTheEvenNeighbour)
 {
     EXPECT_EQ(RoundToInt16(2.5), 2);
     EXPECT_EQ(RoundToInt16(3.5), 4);
-    EXPECT_EQ(RoundToInt16(-2.5), -2);
-    EXPECT_EQ(RoundToInt16(-0.4), 0);
     EXPECT_EQ(RoundToInt16(32767.4), 32767);
     EXPECT_EQ(RoundToInt16(32767.5), std::nullopt);
     EXPECT_EQ(RoundToInt16(-32768.5), -32768);
     EXPECT_EQ(RoundToInt16(-32768.6), std::nullopt);
-    EXPECT_EQ(RoundToInt16(70000), std::nullopt);
-    EXPECT_EQ(RoundToInt16(kInfinity), std::nullopt);
     EXPECT_EQ(RoundToInt16(kNoNumber), std::nullopt);
 }
 

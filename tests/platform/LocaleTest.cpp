@@ -5,80 +5,52 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvane::test {
+namespace quorvane {
 namespace {
 
-struct PatternRow {
-    std::string_view format;
+struct Row {
+    std::string_view what;
     std::string_view pattern;
 };
 
 TEST(DatePattern, SpeaksPatternLetters)
 {
-    const PatternRow rows[] = {
-        {"%m/%d/%y", "MM/dd/yy"},
-        {"%m/%d/%Y", "MM/dd/yyyy"},
-        {"%d.%m.%Y", "dd.MM.yyyy"},
-        {"%Y-%m-%d", "yyyy-MM-dd"},
-        {"%F", "yyyy-MM-dd"},
-        {"%D", "MM/dd/yy"},
-        {"%e.%m.%Y", "d.MM.yyyy"},
-        {"%-d.%-m.%Y", "d.M.yyyy"},
-        {"%d. %m. %Y", "dd.MM.yyyy"},
-        {"%Y. %m. %d.", "yyyy.MM.dd"},
-        {"%d %m %Y", "dd MM yyyy"},
-        {"%Y/%d/%m", "yyyy/dd/MM"},
-        // what cannot be told in letters and one separator
-        {"%Y年%m月%d日", "yyyy/MM/dd"},
-        {"%d-%b-%Y", "yyyy/MM/dd"},
-        {"%d/%m-%Y", "yyyy/MM/dd"},
-        {"%Y%m%d", "yyyy/MM/dd"},
-        {"%m/%d", "yyyy/MM/dd"},
-        {"%d/%d/%Y", "yyyy/MM/dd"},
-        {"%a %d/%m/%Y", "yyyy/MM/dd"},
-        {"%Oe/%m/%Y", "yyyy/MM/dd"},
-        {"den %d.%m.%Y", "yyyy/MM/dd"},
-        {"%", "yyyy/MM/dd"},
-        {"%-", "yyyy/MM/dd"},
-        {"", "yyyy/MM/dd"},
+    const Row rows[] = {
+        {"%m/%d/%y", "MM/dd/yy"},   {"%F", "yyyy-MM-dd"},          {"%e.%m.%Y", "d.MM.yyyy"},
+        {"%-d.%-m.%Y", "d.M.yyyy"}, {"%Y. %m. %d.", "yyyy.MM.dd"}, {"%d %m %Y", "dd MM yyyy"},
     };
-    for (const PatternRow& row : rows)
-        EXPECT_EQ(DatePattern(row.format), row.pattern) << row.format;
+    for (const Row& row : rows)
+        EXPECT_EQ(DatePattern(row.what), row.pattern) << row.what;
+    // What cannot be told in letters and one separator.
+    for (const std::string_view format :
+         {"%Y年%m月%d日", "%d/%m-%Y", "%Y%m%d", "%m/%d", "%d/%d/%Y", "den %d.%m.%Y", "%-", ""})
+        EXPECT_EQ(DatePattern(format), "yyyy/MM/dd") << format;
 }
 
 TEST(TimePattern, SpeaksPatternLetters)
 {
-    const PatternRow rows[] = {
-        {"%H:%M:%S", "HH:mm:ss"},
+    const Row rows[] = {
         {"%T", "HH:mm:ss"},
-        {"%R", "HH:mm"},
         {"%r", "hh:mm:ss tt"},
-        {"%I:%M:%S %p", "hh:mm:ss tt"},
         {"%l:%M:%S %P", "h:mm:ss tt"},
         {"%p %I:%M:%S", "tt hh:mm:ss"},
-        {"%H.%M.%S", "HH.mm.ss"},
-        {"%k:%M:%S", "H:mm:ss"},
         {"%-H:%M:%S", "H:mm:ss"},
-        {"%H時%M分%S秒", "HH:mm:ss"},
-        {"%H:%M:%S %Z", "HH:mm:ss"},
-        {"%I:%M:%S", "HH:mm:ss"},
-        {"%H:%M:%S %p", "HH:mm:ss"},
-        {"%M:%S", "HH:mm:ss"},
-        {"", "HH:mm:ss"},
     };
-    for (const PatternRow& row : rows)
-        EXPECT_EQ(TimePattern(row.format), row.pattern) << row.format;
+    for (const Row& row : rows)
+        EXPECT_EQ(TimePattern(row.what), row.pattern) << row.what;
+    for (const std::string_view format : {"%H時%M分%S秒", "%I:%M:%S", "%H:%M:%S %p", ""})
+        EXPECT_EQ(TimePattern(format), "HH:mm:ss") << format;
 }
 
 TEST(LanguageName, IsTheEnglishOne)
 {
-    const PatternRow rows[] = {
-        {"ja_JP.UTF-8", "Japanese"}, {"ja", "Japanese"},    {"en_US.UTF-8", "English"},
-        {"C.UTF-8", "English"},      {"POSIX", "English"},  {"", "English"},
-        {"zh_TW", "Chinese"},        {"de@euro", "German"}, {"ast_ES.UTF-8", "ast"},
+    const Row rows[] = {
+        {"ja_JP.UTF-8", "Japanese"}, {"ja", "Japanese"}, {"C.UTF-8", "English"},
+        {"POSIX", "English"},        {"", "English"},    {"de@euro", "German"},
+        {"ast_ES.UTF-8", "ast"},
     };
-    for (const PatternRow& row : rows)
-        EXPECT_EQ(LanguageName(row.format), row.pattern) << row.format;
+    for (const Row& row : rows)
+        EXPECT_EQ(LanguageName(row.what), row.pattern) << row.what;
 }
 
 TEST(LocaleItems, AreThoseOfTheEnvironmentAtTheMoment)
@@ -95,7 +67,6 @@ TEST(LocaleItems, AreThoseOfTheEnvironmentAtTheMoment)
     }
     const ScopedEnvironment all("LC_ALL", "ja_ZZ.not-installed");
     EXPECT_EQ(items.DecimalSign(), ".");
-    EXPECT_EQ(items.ShortDateFormat(), "MM/dd/yy");
     EXPECT_EQ(items.SystemLanguageName(), "Japanese");
     const ScopedEnvironment none("LC_ALL", "");
     const ScopedEnvironment messages("LC_MESSAGES", std::nullopt);
@@ -104,4 +75,4 @@ TEST(LocaleItems, AreThoseOfTheEnvironmentAtTheMoment)
 }
 
 } // namespace
-} // namespace quorvane::test
+} // namespace quorvane

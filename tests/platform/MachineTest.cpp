@@ -6,29 +6,12 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 
-namespace quorvane::test {
+namespace quorvane {
 namespace {
-
-TEST(Platform, HasEveryPart)
-{
-    const Platform platform = MakePlatform();
-    EXPECT_TRUE(platform.serial && platform.portNames && platform.portProbe && platform.files);
-    EXPECT_TRUE(platform.codePage && platform.locale && platform.clock);
-    EXPECT_EQ(platform.codePage->FromUtf8("粉じん µ"), "粉じん µ");
-}
 
 TEST(Platform, FindsTheFolderOfTheProgram)
 {
     EXPECT_TRUE(std::filesystem::exists(ProgramFolder() + '/' + program_invocation_short_name));
-}
-
-TEST(Platform, ReadsTheEnvironment)
-{
-    const ScopedEnvironment set("QUORVANE_TEST_TEXT", "値");
-    const ScopedEnvironment empty("QUORVANE_TEST_EMPTY", "");
-    EXPECT_EQ(EnvironmentText("QUORVANE_TEST_TEXT"), "値");
-    EXPECT_EQ(EnvironmentText("QUORVANE_TEST_EMPTY"), "");
-    EXPECT_EQ(EnvironmentText("QUORVANE_TEST_ABSENT"), std::nullopt);
 }
 
 TEST(LocalClock, ShowsTheTimeOfTheZone)
@@ -43,35 +26,32 @@ TEST(LocalClock, ShowsTheTimeOfTheZone)
     EXPECT_LE(shown.time_since_epoch().count(), after + kAhead);
 }
 
-TEST(PortNames, EachNumberHasItsDevice)
-{
-    const struct {
-        int number;
-        std::optional<std::string> path;
-    } rows[] = {
-        {0, std::nullopt},   {1, "/dev/ttyS0"},    {4, "/dev/ttyS3"},    {5, "/dev/ttyUSB0"},
-        {9, "/dev/ttyUSB4"}, {10, "/dev/ttyACM0"}, {14, "/dev/ttyACM4"}, {15, std::nullopt},
-        {16, std::nullopt},  {-1, std::nullopt},
-    };
-    const Platform platform = MakePlatform();
-    for (const auto& row : rows) {
-        const auto device = platform.portNames->Device(row.number);
-        EXPECT_EQ(device ? std::optional(device->path) : std::nullopt, row.path) << row.number;
-    }
-}
-
-TEST(PortNames, AVariableNamesAnyDeviceInstead)
+TEST(PortNames, EachNumberHasItsDeviceUnlessAVariableNamesAnother)
 {
     const ScopedEnvironment three("QUORVANE_COM3", "/dev/pts/7");
     const ScopedEnvironment four("QUORVANE_COM4", "");
     const ScopedEnvironment fifteen("QUORVANE_COM15", "/dev/serial/by-id/meter");
     const ScopedEnvironment sixteen("QUORVANE_COM16", "/dev/pts/8");
+    struct Row {
+        int number;
+        std::string_view path;
+    };
+    const Row rows[] = {
+        {1, "/dev/ttyS0"},
+        {3, "/dev/pts/7"},
+        {4, "/dev/ttyS3"},
+        {9, "/dev/ttyUSB4"},
+        {10, "/dev/ttyACM0"},
+        {15, "/dev/serial/by-id/meter"},
+        {16, ""},
+    };
     const Platform platform = MakePlatform();
-    EXPECT_EQ(platform.portNames->Device(3)->path, "/dev/pts/7");
-    EXPECT_EQ(platform.portNames->Device(4)->path, "/dev/ttyS3");
-    EXPECT_EQ(platform.portNames->Device(15)->path, "/dev/serial/by-id/meter");
-    EXPECT_FALSE(platform.portNames->Device(16));
+    for (const Row& row : rows)
+        EXPECT_EQ(platform.portNames->Device(row.number).value_or(PortDevice{}).path, row.path) << row.number;
+    EXPECT_EQ(EnvironmentText("QUORVANE_COM4"), "") << "empty is not absent";
+    const ScopedEnvironment none("QUORVANE_COM15", std::nullopt);
+    EXPECT_FALSE(platform.portNames->Device(15));
 }
 
 } // namespace
-} // namespace quorvane::test
+} // namespace quorvane

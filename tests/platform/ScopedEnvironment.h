@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace quorvane::test {
+namespace quorvane {
 
 /// Sets an environment variable, or takes it away, until the end of the scope.
 class ScopedEnvironment {
@@ -33,4 +33,4 @@ private:
     std::optional<std::string> old_;
 };
 
-} // namespace quorvane::test
+} // namespace quorvane

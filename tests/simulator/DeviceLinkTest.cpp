@@ -1,7 +1,7 @@
 #include "simulator/DeviceLink.h"
 
-#include <cstdlib>
-#include <fstream>
+#include "tests/support/ScratchFolder.h"
+
 #include <gtest/gtest.h>
 
 namespace quorvane {
@@ -9,56 +9,32 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class DeviceLinkTest : public testing::Test {
-public:
-    DeviceLinkTest()
-    {
-        std::string name = (fs::temp_directory_path() / "device-link-XXXXXX").string();
-        folder_ = mkdtemp(name.data());
-    }
-    ~DeviceLinkTest() override { fs::remove_all(folder_); }
-
-protected:
-    fs::path folder_;
-};
-
-TEST_F(DeviceLinkTest, LeadsToTheDeviceAndGoesWithIt)
+TEST(DeviceLink, LeadsToTheDeviceGoesWithItAndLeavesItsSuccessor)
 {
-    const fs::path path = folder_ / "line";
+    const ScratchFolder folder;
+    const fs::path path = folder.Path("line");
+    fs::create_symlink("/dev/pts/999", path); // a left-over
+    EXPECT_FALSE(DeviceLink(path).PointTo("/dev/pts/7"));
+    EXPECT_FALSE(fs::is_symlink(path));
     {
         DeviceLink link(path);
         EXPECT_FALSE(link.PointTo("/dev/pts/7"));
         EXPECT_EQ(fs::read_symlink(path), "/dev/pts/7");
-        EXPECT_FALSE(link.PointTo("/dev/pts/8"));
-        EXPECT_EQ(fs::read_symlink(path), "/dev/pts/8");
-    }
-    EXPECT_FALSE(fs::is_symlink(path));
-}
-
-TEST_F(DeviceLinkTest, ReplacesALeftOverAndLeavesItsSuccessor)
-{
-    const fs::path path = folder_ / "line";
-    fs::create_symlink("/dev/pts/999", path);
-    {
-        DeviceLink link(path);
-        EXPECT_FALSE(link.PointTo("/dev/pts/7"));
         fs::remove(path);
         fs::create_symlink("/dev/pts/8", path); // another instrument has taken the name
     }
     EXPECT_EQ(fs::read_symlink(path), "/dev/pts/8");
 }
 
-TEST_F(DeviceLinkTest, RefusesAnythingElseAndTouchesNothing)
+TEST(DeviceLink, RefusesAnythingElseAndTouchesNothing)
 {
-    const fs::path file = folder_ / "file";
+    const ScratchFolder folder;
+    const std::string file = folder.Path("file");
     std::ofstream(file) << "kept";
-    for (const fs::path& path : {file, folder_}) {
-        DeviceLink link(path);
-        EXPECT_EQ(link.PointTo("/dev/pts/7"), path.string() + " exists and is not a symbolic link");
-    }
-    EXPECT_EQ(fs::file_size(file), 4U);
-    DeviceLink nowhere(folder_ / "none" / "line");
-    EXPECT_TRUE(nowhere.PointTo("/dev/pts/7"));
+    for (const std::string& path : {file, folder.Path(".")})
+        EXPECT_EQ(DeviceLink(path).PointTo("/dev/pts/7"), path + " exists and is not a symbolic link");
+    EXPECT_EQ(FileBytes(file), "kept");
+    EXPECT_TRUE(DeviceLink(folder.Path("none/line")).PointTo("/dev/pts/7"));
 }
 
 } // namespace

@@ -1,100 +1,116 @@
-#include "simulator/InstrumentFaults.h"
+#include "tests/simulator/SimulatedDevice.h"
 
-#include <gtest/gtest.h>
+#include <algorithm>
 
 namespace quorvane {
 namespace {
 
-TEST(InstrumentFaults, NamesAndArguments)
+using namespace std::chrono_literals;
+using Time = SimulatedInstrument::Time;
+
+TEST(InstrumentFaults, FaultsThatNeedNoTiming)
 {
-    constexpr char kAny = InstrumentFault::kAnyCommand;
-    const struct {
-        std::string_view text;
-        InstrumentFault fault;
-    } rows[] = {
-        {"silent", {FaultKind::Silent, kAny, 0, 0, 0, 0}},
-        {"silent:D", {FaultKind::Silent, 'D', 0, 0, 0, 0}},
-        {"no-ack:N", {FaultKind::NoAck, 'N', 0, 0, 0, 0}},
-        {"late-ack", {FaultKind::LateAck, kAny, 600, 0, 0, 0}},
-        {"late-ack:1500", {FaultKind::LateAck, kAny, 1500, 0, 0, 0}},
-        {"late-ack:1500,D", {FaultKind::LateAck, 'D', 1500, 0, 0, 0}},
-        {"wrong-ack", {FaultKind::WrongAck, kAny, 0, 0, 0, 0}},
-        {"split:8", {FaultKind::Split, kAny, 40, 8, 0, 0}},
-        {"split:29,100", {FaultKind::Split, kAny, 100, 29, 0, 0}},
-        {"garbage", {FaultKind::Garbage, kAny, 0, 0, 0, 16}},
-        {"garbage:3", {FaultKind::Garbage, kAny, 0, 0, 0, 3}},
-        {"no-line-end", {FaultKind::NoLineEnd, kAny, 0, 0, 3, 0}},
-        {"no-line-end:1", {FaultKind::NoLineEnd, kAny, 0, 0, 1, 0}},
-        {"dropped-byte", {FaultKind::DroppedByte, kAny, 0, 12, 5, 0}},
-        {"dropped-byte:30", {FaultKind::DroppedByte, kAny, 0, 30, 5, 0}},
-        {"dropped-byte:1,2", {FaultKind::DroppedByte, kAny, 0, 1, 2, 0}},
-        {"chatter", {FaultKind::Chatter, kAny, 0, 0, 0, 0}},
-        {"hang-up:20", {FaultKind::HangUp, kAny, 0, 0, 0, 20}},
+    /// A whole exchange: N at 0 s, D at 1 s by its clock, then everything until 4.5 s.
+    struct Row {
+        std::vector<std::string_view> faults;
+        std::string toN, toD, lines;
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
-        InstrumentFault fault{FaultKind::Chatter, 'Q', -1, -1, -1, -1};
-        ASSERT_FALSE(ReadFault(row.text, fault));
-        EXPECT_EQ(fault.kind, row.fault.kind);
-        EXPECT_EQ(fault.letter, row.fault.letter);
-        EXPECT_EQ(fault.timeMs, row.fault.timeMs);
-        EXPECT_EQ(fault.byte, row.fault.byte);
-        EXPECT_EQ(fault.every, row.fault.every);
-        EXPECT_EQ(fault.count, row.fault.count);
+    const std::string first = "09:30:02;0000006;000.008;1.3\r\n";
+    const std::string second = "09:30:03;0000962;001.250;1.3\r\n";
+    const std::string third = "09:30:04;0000025;000.033;1.3";
+    const std::string all = first + second + third + "\r\n";
+    const Row rows[] = {
+        {{"silent"}, "", "", ""},
+        {{"no-ack:D"}, "AN\r\n", "", all},
+        {{"wrong-ack"}, "AX\r\n", "AX\r\n", all},
+        {{"no-line-end:2"}, "AN\r\n", "AD\r\n", first + "09:30:03;0000962;001.250;1.3" + third + "\r\n"},
+        {{"dropped-byte:29,2"},
+         "AN\r\n",
+         "AD\r\n",
+         first + "09:30:03;0000962;001.250;1.3\n" + third + "\r\n"},
+        // There is no byte 30 left to drop.
+        {{"wrong-ack:N", "no-line-end:3", "dropped-byte:30,3"}, "AX\r\n", "AD\r\n", first + second + third},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.faults.front());
+        Device device(With(row.faults));
+        EXPECT_EQ(device.Ask("N\r\n", 0s), row.toN);
+        EXPECT_EQ(device.Ask("D\r\n", 1s), row.toD);
+        EXPECT_EQ(device.Take(4500ms), row.lines);
     }
+}
+
+TEST(InstrumentFaults, LateAcknowledgementKeepsTheOrderAndThePace)
+{
+    Device device(With({"late-ack:250,D"}));
+    EXPECT_EQ(device.Ask("D\r\n", 0s), "");
+    EXPECT_EQ(device.Take(249ms), "");
+    EXPECT_EQ(device.Take(1249ms), "AD\r\n");
+    EXPECT_EQ(device.Take(1250ms), kLine1);
+    EXPECT_EQ(device.Ask("D\r\nN\r\n", 2s), "");
+    EXPECT_EQ(device.Take(2250ms), "AD\r\nAN\r\n"); // nothing overtakes on a line
+    EXPECT_EQ(device.Take(1h), "");                 // and N came after D
+}
+
+TEST(InstrumentFaults, SplitLinesPause)
+{
+    Device device(With({"split:8"}));
+    EXPECT_EQ(device.Ask("D\r\n", 0s), "AD\r\n"); // too short to be split
+    EXPECT_EQ(device.Take(1s), "09:30:01");
+    EXPECT_EQ(device.NextDue(), Time(1040ms));
+    EXPECT_EQ(device.Take(1039ms), "");
+    EXPECT_EQ(device.Take(1040ms), ";0000006;000.008;1.3\r\n");
+    EXPECT_EQ(device.Take(2s), "09:30:02");
+    EXPECT_EQ(device.Ask("N\r\n", 2010ms), ""); // behind the line that has begun
+    EXPECT_EQ(device.Take(2040ms), ";0000962;001.250;1.3\r\nAN\r\n");
+}
+
+TEST(InstrumentFaults, GarbageStandsBeforeTheFirstLineOnly)
+{
+    Device device(With({"garbage:200"}));
+    EXPECT_EQ(device.Ask("D\r\n", 0s), "AD\r\n");
+    const std::string answer = device.Take(1s);
+    EXPECT_EQ(answer.size(), 200 + kLine1.size());
+    EXPECT_TRUE(answer.ends_with(kLine1));
+    EXPECT_EQ(answer.find_first_of("\r\n"), 228U) << "garbage is no line";
+    EXPECT_EQ(device.Take(2s), kLine2);
+}
+
+TEST(InstrumentFaults, ChatterLeavesNoQuietMomentAndStopsForNothing)
+{
+    Device device(With({"chatter"}));
+    std::string all;
+    for (Time now = 0s; now <= 3s; now += 10ms) {
+        const std::string chunk = device.Ask(now == 1s ? "N\r\n" : "", now);
+        EXPECT_FALSE(chunk.empty()) << now.count();
+        all += chunk;
+    }
+    EXPECT_NE(all.find("AN\r\n"), std::string::npos);
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 1);
+}
+
+TEST(InstrumentFaults, HangsUpAfterItsLastLineSincePowerOn)
+{
+    Device device(With({"hang-up:2", "split:20", "chatter"}));
+    (void) device.Ask("D\r\n", 0s);
+    (void) device.Take(1500ms);
+    (void) device.Ask("D\r\n", 1500ms);
+    (void) device.Take(2500ms);
+    EXPECT_FALSE(device.HungUp(2500ms)); // the rest of the second line is still to come
+    (void) device.Take(2540ms);
+    EXPECT_TRUE(device.HungUp(2540ms));
+    EXPECT_EQ(device.Ask("N\r\nD\r\n", 3s), "");
+    EXPECT_EQ(device.NextDue(), std::nullopt) << "a device that is gone does not chatter";
 }
 
 TEST(InstrumentFaults, WrongNamesAndArgumentsAreRefused)
 {
-    const std::string_view rows[] = {
-        "",
-        "loud",
-        "Silent",
-        "silent:",
-        "silent:n",
-        "silent:NN",
-        "silent:N,D",
-        "late-ack:",
-        "late-ack:0",
-        "late-ack:1.5",
-        "late-ack:N",
-        "late-ack:10,",
-        "late-ack:1,N,",
-        "split",
-        "split:0",
-        "split:30",
-        "split:8,0",
-        "split:,40",
-        "garbage:-1",
-        "garbage:16x",
-        "no-line-end:0",
-        "chatter:1",
-        "dropped-byte:31",
-        "hang-up",
-        "hang-up:0",
-        "hang-up:5,5",
-        "chatter:",
-    };
-    for (const std::string_view row : rows) {
-        InstrumentFault fault;
-        EXPECT_TRUE(ReadFault(row, fault)) << row;
-    }
-}
-
-TEST(InstrumentFaults, TheMessageSaysHowItIsWritten)
-{
     InstrumentFault fault;
-    EXPECT_EQ(ReadFault("loud:3", fault).value().text, "unknown fault \"loud\"");
+    for (const std::string_view text : {"", "Silent", "silent:NN", "late-ack:0", "late-ack:1,N,", "split",
+                                        "split:,40", "garbage:16x", "chatter:1", "hang-up:5,5"})
+        EXPECT_TRUE(ReadFault(text, fault)) << text;
     EXPECT_EQ(ReadFault("split:99", fault).value().text,
               "wrong fault \"split:99\"; it is written split:BYTE[,MS], 1 to 29, 1 to 60000");
-}
-
-TEST(InstrumentFaults, HelpHasALineForEach)
-{
-    const std::string help = "\n" + FaultHelp();
-    for (const std::string_view name : {"silent", "no-ack", "late-ack", "wrong-ack", "split:", "garbage",
-                                        "no-line-end", "dropped-byte", "chatter", "hang-up:"})
-        EXPECT_NE(help.find("\n  " + std::string(name)), std::string::npos) << name;
 }
 
 } // namespace

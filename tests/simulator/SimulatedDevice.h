@@ -3,7 +3,6 @@
 #include "simulator/SimulatedInstrument.h"
 
 #include <gtest/gtest.h>
-#include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -11,8 +10,6 @@
 #include <vector>
 
 namespace quorvane {
-
-inline constexpr LocalMoment kHalfPastNine{std::chrono::seconds(9 * 3600 + 30 * 60)};
 
 /// Four readings, and the lines of the first three as an instrument with factor 1.3 sends them from 09:30:00
 /// on. Counts by hand: 0.008/0.0013 = 6.15, 1.25/0.0013 = 961.54, 0.0325/0.0013 = 25 (and 0.0325 shows as
@@ -22,13 +19,23 @@ inline const std::string kLine1 = "09:30:01;0000006;000.008;1.3\r\n";
 inline const std::string kLine2 = "09:30:02;0000962;001.250;1.3\r\n";
 inline const std::string kLine3 = "09:30:03;0000025;000.033;1.3\r\n";
 
-/// An instrument that replays `kValues` from half past nine on.
+/// A setup from half past nine on, with faults as they are written on the command line.
+inline InstrumentSetup With(const std::vector<std::string_view>& faults, double speed = 1)
+{
+    InstrumentSetup setup;
+    setup.clockAtPowerOn = LocalMoment(std::chrono::hours(9) + std::chrono::minutes(30));
+    setup.speed = speed;
+    for (const std::string_view text : faults)
+        EXPECT_FALSE(ReadFault(text, setup.faults.emplace_back())) << text;
+    return setup;
+}
+
+/// An instrument that replays `kValues`.
 class Device : public SimulatedInstrument {
 public:
-    explicit Device(InstrumentSetup setup = {}, std::vector<double> values = kValues,
+    explicit Device(InstrumentSetup setup = With({}), std::vector<double> values = kValues,
                     AtEnd atEnd = AtEnd::Repeat)
-        : SimulatedInstrument(WithClock(std::move(setup)),
-                              std::make_unique<RecordedReadings>(std::move(values), atEnd))
+        : SimulatedInstrument(std::move(setup), std::make_unique<RecordedReadings>(std::move(values), atEnd))
     {
     }
     /// What it says at once to `bytes`, with what was due by then.
@@ -37,24 +44,6 @@ public:
         Receive(bytes, now);
         return Take(now);
     }
-
-private:
-    static InstrumentSetup WithClock(InstrumentSetup setup)
-    {
-        if (setup.clockAtPowerOn == LocalMoment{})
-            setup.clockAtPowerOn = kHalfPastNine;
-        return setup;
-    }
 };
-
-/// A setup with faults as they are written on the command line.
-inline InstrumentSetup With(std::initializer_list<std::string_view> faults, double speed = 1)
-{
-    InstrumentSetup setup;
-    setup.speed = speed;
-    for (const std::string_view text : faults)
-        EXPECT_FALSE(ReadFault(text, setup.faults.emplace_back())) << text;
-    return setup;
-}
 
 } // namespace quorvane

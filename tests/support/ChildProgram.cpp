@@ -3,9 +3,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <spawn.h>
 #include <stdexcept>
 #include <sys/wait.h>
@@ -102,25 +99,6 @@ int ChildProgram::Wait()
         status_ = WIFEXITED(status) ? WEXITSTATUS(status) : kBySignal + WTERMSIG(status);
     }
     return status_;
-}
-
-ScratchFolder::ScratchFolder()
-{
-    path_ = (std::filesystem::temp_directory_path() / "quorvane-test-XXXXXX").string();
-    if (mkdtemp(path_.data()) == nullptr)
-        throw std::runtime_error("no scratch folder");
-}
-
-ScratchFolder::~ScratchFolder()
-{
-    std::error_code error;
-    std::filesystem::remove_all(path_, error);
-}
-
-std::string FileBytes(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 } // namespace quorvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/ScratchFolder.h"
+
 #include <map>
 #include <string>
 #include <vector>
@@ -31,21 +33,5 @@ private:
     int output_ = -1;
     int status_ = 0;
 };
-
-/// A folder that is removed with the object.
-class ScratchFolder {
-public:
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    [[nodiscard]] std::string Path(const std::string& name = {}) const { return path_ + "/" + name; }
-
-private:
-    std::string path_;
-};
-
-/// The bytes of a file; empty when there is none.
-[[nodiscard]] std::string FileBytes(const std::string& path);
 
 } // namespace quorvane

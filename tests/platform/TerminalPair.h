@@ -2,84 +2,75 @@
 
 #include "serial/SerialControl.h"
 
-#include <algorithm>
-#include <array>
 #include <chrono>
-#include <cstdlib>
-#include <fcntl.h>
+#include <gtest/gtest.h>
 #include <poll.h>
+#include <pty.h>
 #include <stdexcept>
 #include <string>
-#include <string_view>
 #include <termios.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
 
-namespace quorvane::test {
+namespace quorvane {
 
-constexpr std::chrono::seconds kPatience{10}; ///< what is on its way has come by then, on any machine
+constexpr int kPatienceMs = 10'000; ///< what is on its way has come by then, on any machine
 
 /// Both ends of a pseudo-terminal. The master end is the instrument's; the other end is held open as well, so
 /// that a test can look at the line's settings and see that bytes have arrived.
-class PseudoTerminal {
+class TerminalPair {
 public:
-    PseudoTerminal() : master_(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK))
+    TerminalPair()
     {
-        std::array<char, 128> name{};
-        if (master_ < 0 || ::grantpt(master_) != 0 || ::unlockpt(master_) != 0 ||
-            ::ptsname_r(master_, name.data(), name.size()) != 0)
+        char name[128];
+        if (::openpty(&master_, &held_, name, nullptr, nullptr) != 0)
             throw std::runtime_error("no pseudo-terminal");
-        path_ = name.data();
-        held_ = ::open(path_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
-        termios raw{};
-        ::tcgetattr(held_, &raw);
+        path_ = name;
+        termios raw = Mode();
         ::cfmakeraw(&raw);
         ::tcsetattr(held_, TCSANOW, &raw);
     }
-    ~PseudoTerminal()
+    ~TerminalPair()
     {
         HangUp();
         ::close(held_);
     }
-    PseudoTerminal(const PseudoTerminal&) = delete;
-    PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+    TerminalPair(const TerminalPair&) = delete;
+    TerminalPair& operator=(const TerminalPair&) = delete;
 
     [[nodiscard]] PortDevice Device() const { return {path_}; }
     [[nodiscard]] int HeldEnd() const { return held_; }
 
-    /// Sets the line as a terminal that people type at has it: echo, line editing, translated line ends.
-    void SetForTyping() const
+    /// The line's settings.
+    [[nodiscard]] termios Mode() const
     {
         termios mode{};
         ::tcgetattr(held_, &mode);
+        return mode;
+    }
+    /// Sets the line as a terminal that people type at has it: echo, line editing, translated line ends.
+    void SetForTyping() const
+    {
+        termios mode = Mode();
         mode.c_lflag |= ICANON | ECHO | ISIG | IEXTEN;
         mode.c_iflag |= ICRNL | BRKINT | ISTRIP | IXON | IXOFF | IXANY;
         mode.c_oflag |= OPOST | ONLCR;
         ::tcsetattr(held_, TCSANOW, &mode);
     }
 
-    /// @return how much of `text` the line took
-    std::size_t Write(std::string_view text) const
+    void Write(std::string_view text) const
     {
-        const ssize_t count = ::write(master_, text.data(), text.size());
-        return count < 0 ? 0 : static_cast<std::size_t>(count);
+        EXPECT_EQ(::write(master_, text.data(), text.size()), static_cast<ssize_t>(text.size()));
     }
-
     /// Reads `count` bytes; fewer when no more come.
     [[nodiscard]] std::string Read(std::size_t count) const
     {
         std::string text;
-        while (text.size() < count && WaitFor(master_)) {
-            std::array<char, 4096> bytes{};
-            const ssize_t got = ::read(master_, bytes.data(), std::min(bytes.size(), count - text.size()));
-            if (got <= 0)
-                break;
-            text.append(bytes.data(), static_cast<std::size_t>(got));
-        }
+        for (char byte = 0; text.size() < count && WaitFor(master_) && ::read(master_, &byte, 1) == 1;)
+            text += byte;
         return text;
     }
-
     /// Waits until bytes have arrived at the other end, without taking them.
     [[nodiscard]] bool BytesArrived() const { return WaitFor(held_); }
 
@@ -93,11 +84,10 @@ private:
     static bool WaitFor(int fd)
     {
         pollfd state{fd, POLLIN, 0};
-        return ::poll(&state, 1, static_cast<int>(std::chrono::milliseconds(kPatience).count())) > 0 &&
-               (state.revents & POLLIN) != 0;
+        return ::poll(&state, 1, kPatienceMs) > 0 && (state.revents & POLLIN) != 0;
     }
 
-    int master_;
+    int master_ = -1;
     int held_ = -1;
     std::string path_;
 };
@@ -105,10 +95,9 @@ private:
 /// Polls until at least `count` bytes wait in the control. @return what waits then
 inline int AwaitCount(SerialControl& control, int count)
 {
-    const auto end = std::chrono::steady_clock::now() + kPatience;
     int waiting = control.InBufferCount();
-    while (waiting < count && std::chrono::steady_clock::now() < end) {
-        std::this_thread::sleep_for(std::chrono::milliseconds{1});
+    for (int i = 0; waiting < count && i < kPatienceMs; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
         waiting = control.InBufferCount();
     }
     return waiting;
@@ -124,4 +113,4 @@ inline std::string NumberedText(std::size_t size, int start = 0)
     return text;
 }
 
-} // namespace quorvane::test
+} // namespace quorvane
