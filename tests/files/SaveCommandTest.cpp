@@ -121,6 +121,19 @@ TEST_F(SaveCommandTest, FailureIsToldWithItsReasonAndTheRunStaysUnsaved)
     EXPECT_EQ(state.DataSaved, 1);
 }
 
+TEST_F(SaveCommandTest, RescueTakesTheFirstFolderAndReplacesNothing)
+{
+    const std::string folders[] = {"", "/home", "/tmp"};
+    const auto first = command.Rescue(folders);
+    const auto second = command.Rescue(folders);
+    ASSERT_TRUE(first && second);
+    EXPECT_TRUE(first->starts_with("/home") && first->ends_with("Quorvane-20240305-080000.csv")) << *first;
+    EXPECT_TRUE(second->ends_with("Quorvane-20240305-080000-2.csv")) << *second;
+    EXPECT_EQ(store.files.size(), 2U);
+    store.replaceFault = FileFault{};
+    EXPECT_FALSE(command.Rescue(folders));
+}
+
 TEST_F(SaveCommandTest, RunWithoutReadingsIsAFileOfHeadings)
 {
     arrays = {}; // not even index 1 exists

@@ -102,8 +102,8 @@ TEST_F(FileStoreTest, WhatIsNoFileIsRefusedAndStays)
     ASSERT_EQ(::mkfifo(In("pipe").c_str(), 0600), 0);
     for (const std::string& target : {In("folder"), In("folder/"), In("pipe"), std::string("/dev/full")}) {
         std::string bytes = "of before";
-        for (const auto& fault :
-             {store_.Replace(target, "x"), store_.Append(target, "x"), store_.ReadWhole(target, bytes)}) {
+        for (const auto& fault : {store_.CheckReplace(target), store_.Replace(target, "x"),
+                                  store_.Append(target, "x"), store_.ReadWhole(target, bytes)}) {
             ASSERT_TRUE(fault) << target;
             EXPECT_EQ(fault->kind, FileFaultKind::NotAFile) << target;
             EXPECT_FALSE(fault->systemReason.empty()) << target;
@@ -136,23 +136,28 @@ TEST_F(FileStoreTest, AWriteThatFailsLeavesTheOldFileWhole)
 TEST_F(FileStoreTest, SaysWhatIsMissingOrForbidden)
 {
     const auto kind = [](const std::optional<FileFault>& fault) { return fault.value().kind; };
+    const auto replacing = [&](const std::string& path) {
+        EXPECT_EQ(kind(store_.CheckReplace(path)), kind(store_.Replace(path, "x"))) << path;
+        return kind(store_.Replace(path, "x"));
+    };
     Put("protected.csv", "old", 0444);
     std::string bytes;
-    EXPECT_EQ(kind(store_.Replace(In("no-folder/new.csv"), "x")), FileFaultKind::NotFound);
+    EXPECT_EQ(replacing(In("no-folder/new.csv")), FileFaultKind::NotFound);
     EXPECT_EQ(kind(store_.Append(In("no-folder/new.log"), "x")), FileFaultKind::NotFound);
     EXPECT_EQ(kind(store_.ReadWhole(In("absent"), bytes)), FileFaultKind::NotFound);
-    EXPECT_EQ(kind(store_.Replace(In("protected.csv/new.csv"), "x")), FileFaultKind::NotFound);
-    EXPECT_EQ(kind(store_.Replace("", "x")), FileFaultKind::NotFound);
+    EXPECT_EQ(replacing(In("protected.csv/new.csv")), FileFaultKind::NotFound);
+    EXPECT_EQ(replacing(""), FileFaultKind::NotFound);
 
     fs::permissions(In(""), fs::perms(0777));
     AsOrdinaryUser([&] {
-        EXPECT_EQ(kind(store_.Replace(In("protected.csv"), "x")), FileFaultKind::NoPermission)
+        EXPECT_EQ(replacing(In("protected.csv")), FileFaultKind::NoPermission)
             << "renaming could get round the write protection";
         EXPECT_EQ(kind(store_.Append(In("protected.csv"), "x")), FileFaultKind::NoPermission);
     });
     fs::permissions(In(""), fs::perms(0555));
-    AsOrdinaryUser([&] { EXPECT_EQ(kind(store_.Replace(In("new.csv"), "x")), FileFaultKind::NoPermission); });
+    AsOrdinaryUser([&] { EXPECT_EQ(replacing(In("new.csv")), FileFaultKind::NoPermission); });
     fs::permissions(In(""), fs::perms(0755));
+    EXPECT_FALSE(store_.CheckReplace(In("new.csv")));
     EXPECT_EQ(Get("protected.csv"), "old");
     EXPECT_THAT(Names(), ElementsAre("protected.csv"));
 }

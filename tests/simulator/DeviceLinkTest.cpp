@@ -31,8 +31,12 @@ TEST(DeviceLink, RefusesAnythingElseAndTouchesNothing)
     const ScratchFolder folder;
     const std::string file = folder.Path("file");
     std::ofstream(file) << "kept";
-    for (const std::string& path : {file, folder.Path(".")})
-        EXPECT_EQ(DeviceLink(path).PointTo("/dev/pts/7"), path + " exists and is not a symbolic link");
+    const std::string foreign = folder.Path("foreign");
+    fs::create_symlink(file, foreign);
+    for (const std::string& path : {file, foreign, folder.Path(".")})
+        EXPECT_EQ(DeviceLink(path).PointTo("/dev/pts/7"),
+                  path + ": exists and is no link to a virtual serial line");
+    EXPECT_TRUE(fs::is_symlink(foreign));
     EXPECT_EQ(FileBytes(file), "kept");
     EXPECT_TRUE(DeviceLink(folder.Path("none/line")).PointTo("/dev/pts/7"));
 }
