@@ -137,7 +137,7 @@ TEST(Exposure, ANewRunForgetsTheExcursionsOfTheOneBefore)
         shift.ExcursionAt(k * 90min);
     shift.At(370min, 2.5); // and ends in the middle of one
     shift.Begin();
-    shift.At(371min, 0);
+    shift.At(371min, 9);
     EXPECT_FALSE(shift.StelAt(372min, 9)) << "the first fifteen minutes are silent again";
     EXPECT_FALSE(shift.StelAt(387min, 2.5)) << "the first excursion of this run";
     EXPECT_FALSE(shift.StelAt(388min, 1));
