@@ -226,7 +226,7 @@ TEST(MeasurementRunFaults, LinesThatCameBeforeTheLossAreTaken)
     };
     with.world.After(1min, [&] { with.run.Stop(); });
     EXPECT_EQ(with.run.Start(), RunResult::Stopped);
-    EXPECT_EQ(with.arrays.MeasureTime[3], "09:30:03");
+    EXPECT_EQ(with.arrays.ReplyLine[3], "09:30:03;0000012;001.250\r\n");
     EXPECT_EQ(with.run.Status().taken, 3);
     EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,, 0\r\n");
     ExpectTidy(with);
@@ -234,17 +234,20 @@ TEST(MeasurementRunFaults, LinesThatCameBeforeTheLossAreTaken)
 
 TEST(MeasurementRunFaults, ALossBetweenReadingsIsNoticedThen)
 {
-    RunWorld with;
-    with.state.SamplingSeconds = 600;
-    with.interval = 600s;
-    with.GiveLines(1);
-    with.world.After(700s, [&] { with.port.Vanish(); });
-    with.world.After(701s, [&] { EXPECT_FALSE(with.port.IsOpen()); });
-    with.world.After(1000s, [&] { with.run.Stop(); });
-    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
-    EXPECT_EQ(with.LoggedErrors(), "D Command Data Read,, 0\r\n");
-    EXPECT_EQ(with.port.sent.size(), 3U) << "no stop exchange";
-    ExpectTidy(with);
+    for (const std::string part : {"", "09:50:00;00"}) {
+        RunWorld with;
+        with.state.SamplingSeconds = 600;
+        with.interval = 600s;
+        with.GiveLines(1);
+        with.world.After(699s, [&] { with.port.Arrive(part); });
+        with.world.After(700s, [&] { with.port.Vanish(); });
+        with.world.After(701s, [&] { EXPECT_FALSE(with.port.IsOpen()); });
+        with.world.After(1000s, [&] { with.run.Stop(); });
+        EXPECT_EQ(with.run.Start(), RunResult::Stopped);
+        EXPECT_EQ(with.LoggedErrors(), "D Command Data Read," + part + ", 0\r\n");
+        EXPECT_EQ(with.port.sent.size(), 3U) << "no stop exchange";
+        ExpectTidy(with);
+    }
 }
 
 TEST(MeasurementRunFaults, ALossBeforeTheAcknowledgementIsComplete)

@@ -138,6 +138,7 @@ TEST(PortLink, WaitsUntilTheLineHasBeenQuietForASecond)
     ASSERT_TRUE(with.link.OpenPort());
     with.port.SetInputLen(7);
     with.port.Arrive("an old line that waits\r\n");
+    with.world.After(10ms, [&] { EXPECT_EQ(with.port.inputLen, 0); });
     for (int i = 1; i <= 40; ++i) // a stream that goes on for four seconds
         with.port.Deliver(i * 100ms, "chatter");
     EXPECT_TRUE(with.link.CheckInstrument());
