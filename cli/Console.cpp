@@ -41,7 +41,7 @@ void Console::Say(std::string_view line)
 
 void Console::SetProgress(std::string line)
 {
-    if (!progressWanted_ || line == progress_ || !Flush())
+    if (!progressWanted_ || line == progress_ || (!Flush() && !line.empty()))
         return;
     HideProgress();
     progress_ = std::move(line);
@@ -67,9 +67,8 @@ void Console::HideProgress()
 
 void Console::ShowProgress()
 {
-    if (!progressWanted_ || progress_.empty())
+    if (!progressWanted_ || progress_.empty() || !Flush())
         return;
-    Flush();
     error_ += progress_;
     progressShown_ = true;
 }

@@ -21,7 +21,8 @@ public:
     void Print(std::string_view line);
     /// One line on standard error.
     void Say(std::string_view line);
-    /// Replaces the progress line; an empty one takes it away. Left out while standard error takes nothing.
+    /// Replaces the progress line; an empty one takes it away. Left out while one of the streams takes
+    /// nothing.
     void SetProgress(std::string line);
     /// Writes what the streams take now. @return whether everything is out
     bool Flush();

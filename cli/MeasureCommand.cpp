@@ -91,6 +91,7 @@ private:
     MeasurementRun run_;
     InterruptWatch interrupts_;
     int interruptsSeen_ = 0;
+    bool gaveUp_ = false;
     bool portLossTold_ = false;
 };
 
@@ -174,11 +175,14 @@ void Measurement::PassInterruptsOn()
 
 void Measurement::Watch()
 {
-    if (run_.State() != RunState::Measuring)
+    const RunState state = run_.State();
+    if (state != RunState::Measuring && state != RunState::Stopping)
         return;
     const RunStatus status = run_.Status();
-    TellPortLoss(status);
     ShowProgress(status);
+    if (state == RunState::Stopping)
+        return;
+    TellPortLoss(status);
     GiveUpWhenSilent(status);
 }
 
@@ -192,10 +196,12 @@ void Measurement::TellPortLoss(const RunStatus& status)
 void Measurement::GiveUpWhenSilent(const RunStatus& status)
 {
     const auto since = status.silentSince;
-    if (!options_.giveUp || !since || system_.clock->SteadyNow() - *since < *options_.giveUp)
+    if (gaveUp_ || !options_.giveUp || !since || system_.clock->SteadyNow() - *since < *options_.giveUp)
         return;
+    gaveUp_ = true;
     const double seconds = static_cast<double>(options_.giveUp->count()) / 1000;
-    world_.console.Say(FilledIn(world_.texts[kGivenUpText], GeneralText(seconds)));
+    world_.console.Say(
+        FilledIn(world_.texts[kGivenUpText], GeneralText(seconds, system_.locale->DecimalSign())));
     run_.Stop();
 }
 

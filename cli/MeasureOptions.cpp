@@ -7,7 +7,7 @@ namespace quorvane {
 namespace {
 
 constexpr CommandOption kOptions[] = {
-    {"--port", "DEVICE|COMn", "measure from the instrument on this line"},
+    {"--port", "DEVICE|COMn", "measure from the instrument on this line; see quorvane-cli ports"},
     {"--simulate", "", "make readings up instead"},
     {"--random-seed", "N", "the same made-up readings each time"},
     {"--samples", "N", "how many readings, 1 to 65500"},
@@ -19,7 +19,7 @@ constexpr CommandOption kOptions[] = {
     {"--speed", "F",
      "pace the readings F times faster, to rehearse with a simulated "
      "instrument"},
-    {"--give-up", "SECONDS", "stop the run when the instrument has been silent for so long"},
+    {"--give-up", "SECONDS", "stop when the instrument has been silent for so long, from 0.1"},
     {"--quiet", "", "do not print the readings"},
     {"--help", "", "show this"},
 };

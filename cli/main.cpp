@@ -29,6 +29,9 @@ std::string Usage()
            "folder that the environment variable QUORVANE_HOME names. Ctrl-C stops the run and saves what "
            "was\n"
            "taken; a second Ctrl-C also gives up the stop exchange with the instrument.\n"
+           "A run without a single reading leaves an existing file as it is. On a terminal a line tells how\n"
+           "the run is getting on: readings taken/planned, time left, and lines behind when there are "
+           "several.\n"
            "Exit status: 0 saved, 1 the run or the save failed, 2 wrong usage.\n";
 }
 

@@ -24,9 +24,9 @@ public:
     /// Appends to a file and makes it when there is none.
     [[nodiscard]] virtual std::optional<FileFault> Append(const std::string& path,
                                                           std::string_view bytes) = 0;
-    /// @return why `Replace` would be refused as things are: no such folder, no permission, not a file; it
-    /// may
-    ///         fail for other reasons, such as a full disk
+    /// @return why `Replace` would be refused as things are: no folder, no permission, not a file. It may
+    /// still
+    ///         fail later, for instance on a full disk.
     [[nodiscard]] virtual std::optional<FileFault> CheckReplace(const std::string& path) const = 0;
     /// Writes `bytes` beside `path`, flushes them to the disk and renames them over it. Whenever this fails
     /// an old file of that name is whole and nothing is left over.

@@ -359,7 +359,8 @@ void MeasurementRun::CompleteSample()
         RunDate += days(1);
     parts_.observer.SampleAdded(sample);
     ++takenSamples_;
-    parts_.timer2.Enable();
+    if (CancelRequested == 0) // whoever heard of the reading may have stopped
+        parts_.timer2.Enable();
 }
 
 // ---- helpers --------------------------------------------------------------------------------------------

@@ -81,11 +81,14 @@ std::optional<UsageFault> ReadInstrumentOptions(std::span<const std::string> arg
 
 std::string InstrumentUsage()
 {
-    return "usage: quorvane-instrument [OPTION]...\n"
-           "A simulated instrument on a virtual serial line. It prints the device's path and serves until it "
-           "is\n"
-           "interrupted.\n\n" +
-           CommandOptions(kOptions).Help() + "\nfaults:\n" + FaultHelp();
+    return "Usage:\n"
+           "  quorvane-instrument [options]\n"
+           "\n"
+           "A simulated instrument on a virtual serial line. It prints the device's path and serves until\n"
+           "it is interrupted.\n"
+           "\n"
+           "Options:\n" +
+           CommandOptions(kOptions).Help() + "\nFaults:\n" + FaultHelp();
 }
 
 std::optional<LocalMoment> ParseMoment(std::string_view text)

@@ -1,4 +1,5 @@
 #include "platform/Platform.h"
+#include "platform/posix/FileDescriptor.h"
 #include "platform/posix/PosixCodePage.h"
 #include "platform/posix/PosixFileStore.h"
 #include "platform/posix/PosixLocalClock.h"
@@ -27,6 +28,17 @@ void OccupyStandardStreams()
         if (::fcntl(fd, F_GETFD) < 0)
             static_cast<void>(::open("/dev/null", O_RDWR)); // takes the lowest free number: this one
     }
+}
+
+// A terminal that says it takes something may take a few bytes only, and holds whoever writes more. The
+// stream itself is shared with the shell and must not be told to return at once; so the terminal is opened
+// once more.
+FileDescriptor OpenTerminalAnew(int stream)
+{
+    if (::isatty(stream) != 1)
+        return {};
+    return OpenDescriptor("/proc/self/fd/" + std::to_string(stream),
+                          O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
 }
 
 } // namespace
@@ -61,16 +73,20 @@ std::optional<std::string> EnvironmentText(const std::string& name)
 
 std::size_t WriteWithoutWaiting(StandardStream stream, std::string_view text)
 {
-    const int fd = stream == StandardStream::Output ? STDOUT_FILENO : STDERR_FILENO;
+    static const FileDescriptor terminals[] = {OpenTerminalAnew(STDOUT_FILENO),
+                                               OpenTerminalAnew(STDERR_FILENO)};
+    const bool output = stream == StandardStream::Output;
+    const FileDescriptor& terminal = terminals[output ? 0 : 1];
+    const int fd = terminal.IsOpen() ? terminal.Get() : output ? STDOUT_FILENO : STDERR_FILENO;
     pollfd state{fd, POLLOUT, 0};
     if (text.empty() || ::poll(&state, 1, 0) <= 0)
         return 0;
-    constexpr std::size_t kTakenAtOnce = 4096; // by a pipe or a terminal that says it takes something
+    constexpr std::size_t kTakenAtOnce = 4096; // by a pipe that says it takes something
     const ssize_t count = ::write(fd, text.data(), std::min(text.size(), kTakenAtOnce));
-    if (count < 0)
-        return errno == EINTR || errno == EAGAIN ? 0
-                                                 : text.size(); // a reader who has gone away does not matter
-    return static_cast<std::size_t>(count);
+    if (count >= 0)
+        return static_cast<std::size_t>(count);
+    const bool takesNothingNow = errno == EINTR || errno == EAGAIN;
+    return takesNothingNow ? 0 : text.size(); // a reader who has gone away does not matter
 }
 
 bool StandardErrorIsTerminal()

@@ -53,7 +53,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"NoAcknowledgement", "no-ack:D", "20", 1, "RS232C ERROR.", ",D Command,", 0},
         Row{"LineInTwoPieces", "split:20,40", "2", 0, "Saved", "", 5},
         Row{"Garbage", "garbage:16", "20", 0, "Saved", "", 5},
-        Row{"NoLineEnd", "no-line-end:2", "2", 1, "RS232C ERROR.", ",D Command Data Read,", 1},
+        Row{"NoLineEnd", "no-line-end:2", "1", 1, "RS232C ERROR.", ",D Command Data Read,", 1},
         Row{"DroppedByte", "dropped-byte:12,2", "20", 0, "Saved", "", 5},
         Row{"HangUp", "hang-up:2", "2", 0, "No data from the instrument", ",D Command Data Read,", 2}),
     [](const testing::TestParamInfo<Row>& row) { return row.param.name; });

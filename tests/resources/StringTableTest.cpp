@@ -47,7 +47,7 @@ TEST(StringTable, JapaneseTextsAreTranslatedAndComplete)
         EXPECT_TRUE(std::ranges::all_of(english, [](char c) { return c >= ' ' && c <= '~'; })) << id;
         EXPECT_EQ(english.find("%1") == std::string::npos, japanese.find("%1") == std::string::npos) << id;
     }
-    EXPECT_EQ(kJapanese.Text(223, 0), "計測開始");
+    EXPECT_EQ(kJapanese.Text(223, 0), "測定開始");
 }
 
 TEST(StringTable, EveryFaultHasASentenceOfItsOwn)
