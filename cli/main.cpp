@@ -3,12 +3,12 @@
 #include "cli/MeasureCommand.h"
 #include "cli/MeasureOptions.h"
 #include "cli/PortsCommand.h"
+#include "platform/Platform.h"
 
 #include <cstdio>
 #include <exception>
 #include <span>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -85,8 +85,7 @@ int Dispatch(std::span<const std::string> arguments)
 int main(int argc, char** argv)
 {
     try {
-        const std::vector<std::string> arguments(argv + 1, argv + argc);
-        return Dispatch(arguments);
+        return Dispatch(ProgramArguments(argc, argv));
     } catch (const std::exception& error) {
         Print(stderr, std::string("quorvane-cli: ") + error.what() + "\n");
         return kExitFailed;

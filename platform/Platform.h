@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quorvane {
 
@@ -25,8 +26,12 @@ struct Platform {
     std::unique_ptr<LocalClock> clock;
 };
 
-/// Also sees to it that the standard streams are open, or the port could get the number of one.
+/// Also sees to it that the standard streams are open, or the port could get the number of one, and that a
+/// console shows UTF-8.
 [[nodiscard]] Platform MakePlatform();
+
+/// What stands behind the program's name on its command line, UTF-8. Takes main's arguments.
+[[nodiscard]] std::vector<std::string> ProgramArguments(int argc, char** argv);
 
 /// Folder of the running program's file, UTF-8, without a trailing separator; "." when the system does not
 /// tell.

@@ -5,7 +5,6 @@
 #include "simulator/InstrumentOptions.h"
 #include "simulator/LineServer.h"
 
-#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <iostream>
@@ -105,7 +104,7 @@ int main(int argc, char** argv)
 {
     std::signal(SIGPIPE, SIG_IGN); // whoever reads the path or the traffic may stop reading
     try {
-        return Run({argv + std::min(argc, 1), argv + argc});
+        return Run(ProgramArguments(argc, argv));
     } catch (const std::exception& error) {
         return Complain(error.what());
     }

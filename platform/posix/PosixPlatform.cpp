@@ -57,6 +57,11 @@ Platform MakePlatform()
     };
 }
 
+std::vector<std::string> ProgramArguments(int argc, char** argv)
+{
+    return {argv + std::min(argc, 1), argv + argc};
+}
+
 std::string ProgramFolder()
 {
     std::error_code error;

@@ -8,6 +8,7 @@
 #include "platform/windows/WindowsPortProbe.h"
 #include "platform/windows/WindowsSerialControl.h"
 
+#include <shellapi.h>
 #include <windows.h>
 
 namespace quorvane {
@@ -19,10 +20,21 @@ bool IsConsole(DWORD standardHandle)
     return ::GetConsoleMode(::GetStdHandle(standardHandle), &mode) != FALSE;
 }
 
+/// A console shows UTF-8 from here on and obeys the sequence that erases a line.
+void PrepareConsole()
+{
+    ::SetConsoleOutputCP(CP_UTF8);
+    const HANDLE error = ::GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0;
+    if (::GetConsoleMode(error, &mode))
+        ::SetConsoleMode(error, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+}
+
 } // namespace
 
 Platform MakePlatform()
 {
+    PrepareConsole();
     return {
         .serial = std::make_unique<WindowsSerialControl>(),
         .portNames = std::make_unique<WindowsPortNames>(),
@@ -32,6 +44,18 @@ Platform MakePlatform()
         .locale = std::make_unique<WindowsLocaleItems>(),
         .clock = std::make_unique<WindowsLocalClock>(),
     };
+}
+
+std::vector<std::string> ProgramArguments(int, char**)
+{
+    // main's own arguments have gone through the code page, which cannot hold every name.
+    int count = 0;
+    wchar_t** const words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
+    std::vector<std::string> arguments;
+    for (int i = 1; words != nullptr && i < count; ++i)
+        arguments.push_back(Utf8(words[i]));
+    ::LocalFree(words);
+    return arguments;
 }
 
 std::string ProgramFolder()
