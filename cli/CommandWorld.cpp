@@ -1,7 +1,7 @@
 #include "cli/CommandWorld.h"
 
 #include "files/AppFiles.h"
-#include "resources/OwnTexts.h"
+#include "serial/PortFaultText.h"
 
 namespace quorvane {
 namespace {

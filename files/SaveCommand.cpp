@@ -2,8 +2,8 @@
 
 #include "files/AppFiles.h"
 #include "files/DataFile.h"
+#include "files/FileFaultText.h"
 #include "instrument/DateTimeText.h"
-#include "resources/OwnTexts.h"
 
 namespace quorvane {
 namespace {

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "files/FileStore.h"
-#include "serial/SerialControl.h"
-
 namespace quorvane {
 
 /// Numbers of the program's own texts in the string table.
@@ -37,44 +34,5 @@ enum OwnText : int {
     kNotRescuedText = 1030,
     kNothingTakenText = 1031, ///< %1: a file's path
 };
-
-/// The number of the sentence that explains the fault to the operator.
-[[nodiscard]] constexpr int ReasonText(PortFaultKind kind)
-{
-    switch (kind) {
-    case PortFaultKind::Absent:
-        return kPortAbsentText;
-    case PortFaultKind::Busy:
-        return kPortBusyText;
-    case PortFaultKind::NoPermission:
-        return kPortNoPermissionText;
-    case PortFaultKind::NotALine:
-        return kPortNotALineText;
-    case PortFaultKind::Unsupported:
-        return kPortUnsupportedText;
-    case PortFaultKind::Other:
-        break;
-    }
-    return kPortOtherText;
-}
-
-[[nodiscard]] constexpr int ReasonText(FileFaultKind kind)
-{
-    switch (kind) {
-    case FileFaultKind::NotFound:
-        return kFileNotFoundText;
-    case FileFaultKind::NoPermission:
-        return kFileNoPermissionText;
-    case FileFaultKind::NoSpace:
-        return kFileNoSpaceText;
-    case FileFaultKind::InUse:
-        return kFileInUseText;
-    case FileFaultKind::NotAFile:
-        return kFileNotAFileText;
-    case FileFaultKind::Other:
-        break;
-    }
-    return kFileOtherText;
-}
 
 } // namespace quorvane

@@ -1,6 +1,8 @@
 #include "resources/StringTable.h"
 
+#include "files/FileFaultText.h"
 #include "resources/OwnTexts.h"
+#include "serial/PortFaultText.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
