@@ -11,6 +11,39 @@ struct ProgramPlace {
     std::int16_t LanguageOffset = 0; ///< 0 or 10000, added to every text number
 };
 
+/// What decides the language offset.
+struct LanguageSettings {
+    std::int16_t LanguageMode = 0;  ///< 0 the system's own language, 1 English; from "Language.dat"
+    std::string SystemLanguageName; ///< English name of the system's language: "Japanese"
+};
+
+/// The machine, for the about box and for support; nothing in a measurement depends on it.
+struct MachineFacts {
+    std::int16_t OsKind = 0; ///< class of the operating system, see `ClassifySystem`
+    std::string CpuDescription;
+    std::string CpuName;
+    std::string CpuManufacturer;
+    double CpuCurrentClockSpeed = 0; ///< MHz
+    double CpuMaxClockSpeed = 0;     ///< MHz
+    double CpuL2CacheSize = 0;       ///< KB, 0 when unknown
+};
+
+/// How the user's system writes dates and times; filled by `AnalyseLocale` before every conversion.
+struct LocaleDescription {
+    std::string ShortDateFormat; ///< "yyyy/MM/dd"
+    std::string DateSeparator;   ///< one character
+    std::int16_t YearDigits = 0; ///< 2 or 4
+    std::int16_t DayLeadingZero = 0;
+    std::int16_t MonthLeadingZero = 0;
+    std::int16_t DateOrder = 0; ///< 1 y-m-d, 2 y-d-m, 3 m-d-y, 4 m-y-d, 5 d-m-y, 6 d-y-m
+    std::int16_t YearPos = 0;   ///< characters, from 1, of the fields in today's date as the system writes it
+    std::int16_t MonthPos = 0;
+    std::int16_t DayPos = 0;
+    std::string TimeFormat; ///< "HH:mm:ss"
+    std::string TimeSeparator;
+    std::int16_t HourLeadingZero = 0;
+};
+
 /// What the options dialog edits.
 struct ComputerSettings {
     bool RunMode = false;      ///< true: readings come from the instrument; false: they are simulated
@@ -94,6 +127,9 @@ struct RunValues {
 /// slice it needs. Every field is zero, empty or false until the settings are read (but
 /// `MeasureSetting2`, which starts at 1).
 struct ApplicationState : ProgramPlace,
+                          LanguageSettings,
+                          MachineFacts,
+                          LocaleDescription,
                           ComputerSettings,
                           PortSettings,
                           InstrumentProgram,

@@ -23,6 +23,10 @@ struct SaveQuestion {
     int filterIndex = 1; ///< the pair chosen at first, from 1
     bool overwritePrompt = true;
     std::string defaultName; ///< proposed file name
+    std::string folder;      ///< where the dialog starts, UTF-8; the home folder when that does not exist
+    /// What a name typed without an extension gets while the pair `filterIndex` is chosen, without a dot;
+    /// empty: nothing.
+    std::string extension;
 };
 
 /// Questions and messages to the operator. May serve events while it waits for the answer.

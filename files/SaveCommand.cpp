@@ -23,7 +23,9 @@ SaveResult SaveCommand::SaveMeasurement()
         {.filter = world_.texts[kAllFilesText] + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|",
          .filterIndex = kCsvFilterIndex,
          .overwritePrompt = true,
-         .defaultName = ""});
+         .defaultName = "",
+         .folder = state_.DefaultFolder,
+         .extension = "csv"});
     if (!path)
         return SaveResult::Cancelled;
     if (state_.DataPresent != 1) // a run began while the dialog was open; its readings are not finished
