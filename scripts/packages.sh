@@ -24,5 +24,8 @@ need_packages() {
 }
 
 build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools)
+wayland_packages=(qt6-wayland) # where there is no X server beside it
+japanese_packages=(fonts-noto-cjk)
+desktop_check_packages=(xvfb xdotool imagemagick "${japanese_packages[@]}")
 test_packages=("${build_packages[@]}" git clang-format-14 clang-tidy-14 libgtest-dev libgmock-dev libbenchmark-dev
-    g++-mingw-w64-x86-64-posix)
+    g++-mingw-w64-x86-64-posix "${desktop_check_packages[@]}")
