@@ -1,21 +1,14 @@
 #include "cli/CommandWorld.h"
 
+#include "app/LanguageOffset.h"
 #include "files/AppFiles.h"
 #include "serial/PortFaultText.h"
 
 namespace quorvane {
-namespace {
-
-TableLanguage LanguageOf(const LocaleItems& locale)
-{
-    return locale.SystemLanguageName() == "Japanese" ? TableLanguage::Japanese : TableLanguage::English;
-}
-
-} // namespace
 
 CommandWorld::CommandWorld(bool progress)
     : platform(MakePlatform()),
-      table(LanguageOf(*platform.locale)),
+      table(TableLanguageFor(platform.locale->SystemLanguageName())),
       texts(table, state),
       console(progress && StandardErrorIsTerminal())
 {

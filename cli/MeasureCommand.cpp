@@ -10,12 +10,13 @@
 #include "files/SaveCommand.h"
 #include "files/SettingsFile.h"
 #include "measure/MeasurementRun.h"
+#include "measure/RunStatusText.h"
+#include "measure/SimulatedReading.h"
 #include "platform/InterruptWatch.h"
 #include "platform/LoopEventPump.h"
 #include "resources/OwnTexts.h"
 
 #include <filesystem>
-#include <random>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -39,22 +40,6 @@ private:
     const PortNames& system_;
     std::string port_;
 };
-
-/// 53 random bits make every double of an even grid in [0, 1) equally likely, on every system the same.
-RandomSource MakeRandomSource(const std::optional<std::uint64_t>& seed)
-{
-    std::mt19937_64 generator(seed ? *seed : std::random_device{}());
-    return [generator]() mutable { return static_cast<double>(generator() >> 11U) * 0x1p-53; };
-}
-
-/// "1:02:03" or "02:03".
-std::string DurationText(std::chrono::seconds time)
-{
-    const std::chrono::hh_mm_ss parts(time);
-    const auto two = [](std::int64_t n) { return PatternText(static_cast<double>(n), {.integerDigits = 2}); };
-    const std::string hours = parts.hours().count() > 0 ? std::to_string(parts.hours().count()) + ":" : "";
-    return hours + two(parts.minutes().count()) + ":" + two(parts.seconds().count());
-}
 
 /// One measurement on the command line: makes the parts of a run from the system's, and runs it.
 class Measurement {

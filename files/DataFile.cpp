@@ -1,6 +1,7 @@
 #include "files/DataFile.h"
 
 #include "files/NumberText.h"
+#include "measure/ReadingText.h"
 
 #include <algorithm>
 #include <string_view>
@@ -10,8 +11,6 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kUsualRowLength = 80;
-constexpr NumberPattern kAverage = {.integerDigits = 1, .minDecimals = 1, .maxDecimals = 4};
-constexpr NumberPattern kIntegrated = {.integerDigits = 1, .minDecimals = 1, .maxDecimals = 3};
 
 constexpr std::string_view kFullHeading =
     "Time,Relative Concentration([CPM]),Mass Concentration([mg/m3]),Mass Concentration(TWA)([mg/m3]),"
@@ -51,8 +50,9 @@ void AppendRow(std::string& out, const MeasurementArrays& arrays, std::size_t i,
     RowWriter row(out, decimalSign);
     row.General(arrays.CountValue[i]).General(arrays.ConcValue[i]);
     if (full)
-        row.Pattern(arrays.DerivedValueA[i], kAverage).Pattern(arrays.DerivedValueB[i], kAverage);
-    row.General(arrays.IntegratedCount[i]).Pattern(arrays.IntegratedConc[i], kIntegrated);
+        row.Pattern(arrays.DerivedValueA[i], kAveragePattern)
+            .Pattern(arrays.DerivedValueB[i], kAveragePattern);
+    row.General(arrays.IntegratedCount[i]).Pattern(arrays.IntegratedConc[i], kIntegratedPattern);
     out.append(kLineEnd);
 }
 

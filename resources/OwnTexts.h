@@ -33,6 +33,44 @@ enum OwnText : int {
     kRescuedText = 1029, ///< %1: a file's path
     kNotRescuedText = 1030,
     kNothingTakenText = 1031, ///< %1: a file's path
+
+    // The main window: menus and buttons.
+    kFileMenuText = 1061,
+    kMeasureMenuText = 1062,
+    kSaveCommandText = 1063,
+    kExitCommandText = 1064,
+    kAlarmResetText = 1065,
+    kStartTipText = 1066,
+    kAlarmResetTipText = 1067,
+    kLimitTipText = 1068,
+
+    // The main window: values, lamps and table.
+    kTimeColumnText = 1071,
+    kCountColumnText = 1072,
+    kConcColumnText = 1073,
+    kTwaColumnText = 1074,
+    kStelColumnText = 1075,
+    kIntegratedCountColumnText = 1076,
+    kIntegratedConcColumnText = 1077,
+    kLampLitText = 1078,
+    kLampUnlitText = 1079,
+    kTableText = 1080,
+    kCopyCommandText = 1081,
+
+    // The main window: what goes on.
+    kSimulatedNoticeText = 1091,
+    kReadyText = 1092,
+    kConnectingText = 1093,
+    kMeasuringText = 1094,
+    kStoppingText = 1095,
+    kClosingText = 1096,
+    kInstrumentModeText = 1097,
+    kSimulatedModeText = 1098,
+    kSampleText = 1099,      ///< %1: readings taken; a second %1: readings in all
+    kTimeLeftText = 1100,    ///< %1: hours, minutes, seconds
+    kLinesBehindText = 1101, ///< %1: a number of lines
+    kSavedToText = 1102,     ///< %1: a file's path
+    kFilesPlaceText = 1103,  ///< %1: a folder's path
 };
 
 } // namespace quorvane

@@ -1,0 +1,333 @@
+#include "app/FrmMenu.h"
+
+#include "app/CommandRules.h"
+#include "app/LanguageOffset.h"
+#include "app/QtText.h"
+#include "app/ui_FrmMenu.h"
+#include "resources/OwnTexts.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <utility>
+
+namespace quorvane {
+namespace {
+
+constexpr int kTitleText = 101;
+constexpr int kStartCaption = 223;
+constexpr int kEndCaption = 225;
+constexpr int kUnsavedText = 228;
+constexpr std::chrono::milliseconds kStatusPace{250};
+
+} // namespace
+
+/// One command of the operator from beginning to end. A close that comes meanwhile, while a run goes on or a
+/// question is on the screen, is put off until the command is over.
+class FrmMenu::Command {
+public:
+    explicit Command(FrmMenu& window) : window_(window) { window_.busy_ = true; }
+    ~Command()
+    {
+        window_.busy_ = false;
+        if (std::exchange(window_.closeWanted_, false))
+            QMetaObject::invokeMethod(&window_, &QWidget::close, Qt::QueuedConnection);
+        window_.UpdateCommands();
+        window_.UpdateStatus();
+    }
+    Command(const Command&) = delete;
+    Command& operator=(const Command&) = delete;
+
+private:
+    FrmMenu& window_;
+};
+
+FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
+    : state_(state),
+      parts_(std::move(parts)),
+      ui_([this] {
+          auto ui = std::make_unique<Ui::FrmMenu>();
+          ui->setupUi(this);
+          return ui;
+      }()),
+      table_(new LiveTableModel(parts_.arrays, this)),
+      limits_(state, {ui_->Text1, ui_->Text2, ui_->Text3}, parts_.locale, parts_.prompts, parts_.texts),
+      readings_({{{ui_->CountNow, ReadingColumn::Count},
+                  {ui_->ConcNow, ReadingColumn::Conc},
+                  {ui_->TwaNow, ReadingColumn::Twa},
+                  {ui_->StelNow, ReadingColumn::Stel}}}),
+      status_(*ui_->StatusBar),
+      run_(state, parts_.arrays,
+           {.link = parts_.link,
+            .control = parts_.control,
+            .pump = parts_.pump,
+            .timer1 = parts_.timer1,
+            .timer2 = parts_.timer2,
+            .timer3 = parts_.timer3,
+            .clock = parts_.clock,
+            .prompts = parts_.prompts,
+            .log = parts_.log,
+            .texts = parts_.texts,
+            .random = parts_.random,
+            .save = [this] { Save(); },
+            .observer = *this})
+{
+    ui_->vaSpread1->setModel(table_);
+    ui_->Image1->SetPicture(QStringLiteral(":/pictures/lamp-twa-lit.png"));
+    ui_->Image2->SetPicture(QStringLiteral(":/pictures/lamp-stel-lit.png"));
+    ui_->Image3->SetPicture(QStringLiteral(":/pictures/lamp-ceiling-lit.png"));
+    SetShortcuts();
+    Connect();
+}
+
+FrmMenu::~FrmMenu() = default;
+
+// ---- the window -----------------------------------------------------------------------------------------
+
+void FrmMenu::Load()
+{
+    parts_.settings.LoadSettings();
+    state_.LanguageOffset =
+        LanguageOffsetFor(state_.LanguageMode, state_.SystemLanguageName, state_.LanguageOffset);
+    state_.DataPresent = 0;
+    state_.DataSaved = 0;
+    SetCaptions();
+    table_->SetDecimalSign(parts_.locale.DecimalSign());
+    limits_.Fill();
+    ShowMode();
+    UpdateCommands();
+    UpdateStatus();
+    ui_->Command1->setFocus();
+    parts_.statusTimer.OnTick([this] { UpdateStatus(); });
+    parts_.statusTimer.SetInterval(kStatusPace);
+    parts_.statusTimer.Enable();
+}
+
+void FrmMenu::TellFilesPlace(const std::string& folder)
+{
+    status_.Announce(Shown(FilledIn(parts_.texts[kFilesPlaceText], folder)));
+}
+
+void FrmMenu::Connect()
+{
+    connect(ui_->Command1, &QPushButton::clicked, this, [this] { Command1Click(); });
+    connect(ui_->MenuMeasureStart, &QAction::triggered, this, [this] { Command1Click(); });
+    connect(ui_->MenuMeasureEnd, &QAction::triggered, this, [this] { Command1Click(); });
+    connect(ui_->Command2, &QPushButton::clicked, this, [this] { run_.ResetAlarms(); });
+    connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
+    connect(ui_->MenuSave, &QAction::triggered, this, [this] { MenuSave(); });
+    connect(ui_->MenuExit, &QAction::triggered, this, [this] { Exit(); });
+}
+
+void FrmMenu::SetShortcuts()
+{
+    ui_->MenuSave->setShortcut(QKeySequence::Save);
+    ui_->MenuExit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    ui_->MenuMeasureStart->setShortcut(QKeySequence(Qt::Key_F5));
+    ui_->MenuMeasureEnd->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F5));
+    ui_->MenuAlarmReset->setShortcut(QKeySequence(Qt::Key_F8));
+}
+
+void FrmMenu::SetCaptions()
+{
+    const auto text = [this](int id) { return Shown(parts_.texts[id]); };
+    setWindowTitle(text(kTitleText) + QStringLiteral("[*]"));
+    ui_->MenuFile->setTitle(text(kFileMenuText));
+    ui_->MenuMeasure->setTitle(text(kMeasureMenuText));
+    ui_->MenuSave->setText(text(kSaveCommandText));
+    ui_->MenuExit->setText(text(kExitCommandText));
+    ui_->MenuMeasureStart->setText(text(kStartCaption));
+    ui_->MenuMeasureEnd->setText(text(kEndCaption));
+    ui_->MenuAlarmReset->setText(text(kAlarmResetText));
+    ui_->Command1->setToolTip(text(kStartTipText));
+    ui_->Command2->setText(text(kAlarmResetText));
+    ui_->Command2->setToolTip(text(kAlarmResetTipText));
+    ui_->SimulatedNotice->setText(text(kSimulatedNoticeText));
+    ui_->CountLabel->setText(text(kCountColumnText));
+    ui_->vaSpread1->setAccessibleName(text(kTableText));
+    ui_->vaSpread1->SetCopyText(text(kCopyCommandText));
+
+    struct ExposureRow {
+        LampView* lamp;
+        QLabel* name;
+        int nameId;
+        QLabel* limitLabel;
+        int limitId;
+        LimitBox* limit;
+    };
+    for (const ExposureRow& row :
+         {ExposureRow{ui_->Image1, ui_->LampName1, 280, ui_->Label1, 296, ui_->Text1},
+          ExposureRow{ui_->Image2, ui_->LampName2, 281, ui_->Label2, 295, ui_->Text2},
+          ExposureRow{ui_->Image3, ui_->LampName3, 282, ui_->Label3, 294, ui_->Text3}}) {
+        row.lamp->SetTexts(text(row.nameId), text(kLampLitText), text(kLampUnlitText));
+        row.name->setText(text(row.nameId));
+        row.limitLabel->setText(text(row.limitId));
+        row.limit->setAccessibleName(text(row.limitId));
+        row.limit->setToolTip(text(kLimitTipText));
+    }
+
+    QStringList headings;
+    for (const int id : {kTimeColumnText, kCountColumnText, kConcColumnText, kTwaColumnText, kStelColumnText,
+                         kIntegratedCountColumnText, kIntegratedConcColumnText})
+        headings << text(id);
+    table_->SetHeadings(headings);
+}
+
+void FrmMenu::ShowMode()
+{
+    ui_->SimulatedNotice->setVisible(!state_.RunMode);
+}
+
+/// One place for what can be used, after whatever may have changed it.
+void FrmMenu::UpdateCommands()
+{
+    const RunState state = run_.State();
+    const EnabledCommands enabled = CommandsIn(state, state_.DataPresent);
+    if (state == RunState::Preparing)
+        button1HadFocus_ = ui_->Command1->hasFocus();
+    ui_->Command1->setEnabled(enabled.command1);
+    ui_->Command1->setText(Shown(parts_.texts[run_.Command1CaptionId()]));
+    ui_->Command1->setIcon(enabled.measureEnd ? ui_->MenuMeasureEnd->icon() : ui_->MenuMeasureStart->icon());
+    ui_->MenuMeasureStart->setEnabled(enabled.measureStart);
+    ui_->MenuMeasureEnd->setEnabled(enabled.measureEnd);
+    ui_->MenuSave->setEnabled(enabled.save);
+    limits_.SetEnabled(enabled.limitInputs);
+    if (enabled.command1 && std::exchange(button1HadFocus_, false))
+        ui_->Command1->setFocus(); // it was disabled for a moment, and the focus went on
+    setWindowModified(state_.DataPresent == 1 && state_.DataSaved == 0);
+}
+
+void FrmMenu::UpdateStatus()
+{
+    RunStatusText text = StatusText(state_, run_.State(), run_.Status(), parts_.texts);
+    if (closeWanted_)
+        text.state = parts_.texts[kClosingText];
+    status_.Show(text);
+}
+
+// ---- commands -------------------------------------------------------------------------------------------
+
+void FrmMenu::Command1Click()
+{
+    if (run_.Command1CaptionId() == kEndCaption) {
+        run_.Stop();
+        return;
+    }
+    if (busy_ || !limits_.Validate())
+        return;
+    // The run serves events until it ends; it must not do so inside the menu's or the button's own handler.
+    QMetaObject::invokeMethod(
+        this, [this] { StartMeasurement(); }, Qt::QueuedConnection);
+}
+
+void FrmMenu::StartMeasurement()
+{
+    if (busy_)
+        return;
+    const Command command(*this);
+    if (run_.Start() == RunResult::LimitsDisorder)
+        ui_->Text1->setFocus();
+}
+
+void FrmMenu::MenuSave()
+{
+    if (busy_)
+        return;
+    const Command command(*this);
+    Save();
+}
+
+SaveResult FrmMenu::Save()
+{
+    const SaveResult result = parts_.saveCommand.SaveMeasurement();
+    UpdateCommands();
+    return result;
+}
+
+/// The settings are written before the window asks its question, and once more when it closes.
+void FrmMenu::Exit()
+{
+    parts_.settings.SaveSettings();
+    close();
+}
+
+void FrmMenu::closeEvent(QCloseEvent* event)
+{
+    if (busy_) {
+        PutCloseOff();
+        event->ignore();
+        return;
+    }
+    const Command command(*this);
+    const bool mayClose = MayClose();
+    closeWanted_ = false; // answered with this one, whichever way
+    event->setAccepted(mayClose);
+    if (mayClose)
+        parts_.settings.SaveSettings();
+}
+
+/// A run stops as by the stop button, with its stop exchange; the close comes back when it has ended.
+void FrmMenu::PutCloseOff()
+{
+    closeWanted_ = true;
+    UpdateStatus();
+    if (run_.State() == RunState::Starting || (run_.State() == RunState::Measuring && !run_.StopRequested()))
+        run_.Stop(); // a second stop would give the stop exchange up
+}
+
+/// Readings that are to be saved and are not keep the window open.
+bool FrmMenu::MayClose()
+{
+    if (state_.DataPresent != 1 || state_.DataSaved != 0)
+        return true;
+    const Answer answer = parts_.prompts.Show(
+        {.text = parts_.texts[kUnsavedText], .icon = Icon::Critical, .buttons = Buttons::YesNo});
+    return answer == Answer::No || Save() == SaveResult::Saved;
+}
+
+// ---- what the run tells ---------------------------------------------------------------------------------
+
+void FrmMenu::StateChanged(RunState /*state*/)
+{
+    UpdateCommands();
+    UpdateStatus();
+}
+
+void FrmMenu::RunPrepared()
+{
+    table_->Reset(0);
+    table_->SetDecimalSign(parts_.locale.DecimalSign());
+    readings_.Clear();
+}
+
+void FrmMenu::ReadingsCleared()
+{
+    table_->Reset(0);
+}
+
+void FrmMenu::SampleAdded(int sample)
+{
+    table_->Add(sample);
+    ui_->vaSpread1->ShowNewest();
+    readings_.Show(parts_.arrays, sample, parts_.locale.DecimalSign());
+    UpdateStatus();
+}
+
+void FrmMenu::LampChanged(Lamp lamp, bool lit)
+{
+    LampView* const lamps[] = {ui_->Image1, ui_->Image2, ui_->Image3};
+    lamps[static_cast<std::size_t>(lamp)]->SetLit(lit);
+    if (lit)
+        QApplication::alert(this);
+}
+
+void FrmMenu::RunEnded(RunResult result)
+{
+    if (RunTookPlace(result))
+        return;
+    table_->Reset(state_.SampleCount); // a run that could not start takes nothing away
+    ui_->vaSpread1->ShowNewest();
+    if (state_.SampleCount > 0)
+        readings_.Show(parts_.arrays, state_.SampleCount, parts_.locale.DecimalSign());
+}
+
+} // namespace quorvane

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "app/StatusLine.h"
+#include "files/SaveCommand.h"
+#include "files/SettingsFile.h"
+#include "measure/LimitInputs.h"
+#include "measure/LiveTableModel.h"
+#include "measure/MeasurementRun.h"
+#include "measure/ReadingPanel.h"
+
+#include <QMainWindow>
+#include <memory>
+
+namespace Ui {
+class FrmMenu;
+}
+
+namespace quorvane {
+
+/// The main window, the program's only long-lived one. It owns the measurement run; its handlers read
+/// controls, call the rules and show the outcome.
+class FrmMenu final : public QMainWindow, private RunObserver {
+public:
+    struct Parts {
+        PortLink& link;
+        SerialControl& control;
+        EventPump& pump;
+        TickTimer& timer1;      ///< counts seconds while an answer is awaited
+        TickTimer& timer2;      ///< paces the readings
+        TickTimer& timer3;      ///< takes one reading
+        TickTimer& statusTimer; ///< brings the status bar up to date
+        const LocalClock& clock;
+        const LocaleItems& locale;
+        Prompts& prompts;
+        SerialLog& log;
+        const Texts& texts;
+        RandomSource random; ///< for simulated readings
+        SaveCommand& saveCommand;
+        SettingsFile& settings;
+        MeasurementArrays& arrays;
+    };
+    FrmMenu(ApplicationState& state, Parts parts);
+    ~FrmMenu() override;
+
+    /// Reads the settings, settles the language, and shows both. Called once, before the window is shown.
+    void Load();
+    /// Says for good in the status bar where the program keeps its files.
+    void TellFilesPlace(const std::string& folder);
+
+    [[nodiscard]] MeasurementRun& Run() { return run_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    class Command;
+
+    void Connect();
+    void SetCaptions();
+    void SetShortcuts();
+    void ShowMode();
+    void UpdateCommands();
+    void UpdateStatus();
+
+    void Command1Click();
+    void StartMeasurement();
+    void MenuSave();
+    SaveResult Save();
+    void Exit();
+    void PutCloseOff();
+    [[nodiscard]] bool MayClose();
+
+    void StateChanged(RunState state) override;
+    void RunPrepared() override;
+    void ReadingsCleared() override;
+    void SampleAdded(int sample) override;
+    void LampChanged(Lamp lamp, bool lit) override;
+    void RunEnded(RunResult result) override;
+
+    ApplicationState& state_;
+    Parts parts_;
+    std::unique_ptr<Ui::FrmMenu> ui_;
+    LiveTableModel* table_;
+    LimitInputs limits_;
+    ReadingPanel readings_;
+    StatusLine status_;
+    MeasurementRun run_;
+    bool busy_ = false;        ///< a command is being carried out, perhaps with a question on the screen
+    bool closeWanted_ = false; ///< the window was to be closed meanwhile
+    bool button1HadFocus_ = false;
+};
+
+} // namespace quorvane

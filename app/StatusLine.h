@@ -1,0 +1,30 @@
+#pragma once
+
+#include "measure/RunStatusText.h"
+
+class QLabel;
+class QStatusBar;
+class QString;
+
+namespace quorvane {
+
+/// The fields of the main window's status bar: what goes on, sample n of N, time left, lines behind, mode,
+/// port. (The toolkit's own temporary messages cover the first only.)
+class StatusLine final {
+public:
+    explicit StatusLine(QStatusBar& bar);
+    void Show(const RunStatusText& text);
+    /// A text that stays in front of the fields until it is replaced by an empty one.
+    void Announce(const QString& text);
+
+private:
+    QLabel* state_;
+    QLabel* announcement_;
+    QLabel* sample_;
+    QLabel* timeLeft_;
+    QLabel* behind_;
+    QLabel* mode_;
+    QLabel* port_;
+};
+
+} // namespace quorvane

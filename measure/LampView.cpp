@@ -1,0 +1,61 @@
+#include "measure/LampView.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <algorithm>
+
+namespace quorvane {
+namespace {
+
+constexpr int kLampSize = 48; // pixels at 100 %
+
+} // namespace
+
+LampView::LampView(QWidget* parent) : QWidget(parent), picture_(new QLabel(this)), word_(new QLabel(this))
+{
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(picture_);
+    row->addWidget(word_, 1);
+    picture_->setFixedSize(kLampSize, kLampSize);
+    Show();
+}
+
+void LampView::SetPicture(const QString& litPicture)
+{
+    litPicture_ = litPicture;
+    Show();
+}
+
+void LampView::SetTexts(const QString& name, const QString& lit, const QString& unlit)
+{
+    name_ = name;
+    litText_ = lit;
+    unlitText_ = unlit;
+    QFont bold = word_->font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    // The widest word decides, or the window would twitch when a lamp lights.
+    word_->setMinimumWidth(std::max(metrics.horizontalAdvance(lit), metrics.horizontalAdvance(unlit)));
+    Show();
+}
+
+void LampView::SetLit(bool lit)
+{
+    lit_ = lit;
+    Show();
+}
+
+void LampView::Show()
+{
+    const QIcon icon(lit_ ? litPicture_ : QStringLiteral(":/pictures/lamp-unlit.png"));
+    picture_->setPixmap(icon.pixmap(QSize(kLampSize, kLampSize), devicePixelRatio()));
+    QFont font = word_->font();
+    font.setBold(lit_);
+    word_->setFont(font);
+    word_->setText(lit_ ? litText_ : unlitText_);
+    setAccessibleName(name_ + QLatin1Char(' ') + word_->text());
+}
+
+} // namespace quorvane

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/LocaleItems.h"
+#include "app/Prompts.h"
+#include "app/Texts.h"
+#include "measure/LimitInput.h"
+
+#include <QObject>
+#include <array>
+
+namespace quorvane {
+
+class LimitBox;
+
+/// The three limit inputs of the main window: `Text1` TWA, `Text2` STEL, `Text3` ceiling. They behave alike.
+class LimitInputs final : public QObject {
+public:
+    LimitInputs(AlarmLimits& limits, const std::array<LimitBox*, 3>& boxes, const LocaleItems& locale,
+                Prompts& prompts, const Texts& texts);
+
+    /// Shows the limits as they are stored. That is no change by the operator.
+    void Fill();
+    /// Checks all three. The first that is out of its range is told, and gets the focus.
+    /// @return whether all are in range
+    [[nodiscard]] bool Validate();
+    void SetEnabled(bool enabled);
+
+private:
+    struct Row {
+        LimitBox* box;
+        LimitInput input;
+    };
+    void TextEdited(Row& row);
+    void Leave(Row& row);
+    bool ValidateRow(Row& row);
+    void Refuse(Row& row);
+    void ShowLimit(const Row& row);
+
+    std::array<Row, 3> rows_;
+    const LocaleItems& locale_;
+    Prompts& prompts_;
+    const Texts& texts_;
+    bool telling_ = false;
+};
+
+} // namespace quorvane

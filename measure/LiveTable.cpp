@@ -1,0 +1,86 @@
+#include "measure/LiveTable.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScrollBar>
+#include <algorithm>
+
+namespace quorvane {
+namespace {
+
+constexpr int kRowsInSight = 6;
+
+} // namespace
+
+LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(this))
+{
+    QFont font = this->font();
+    font.setFamilies(QStringList{QStringLiteral("MS PGothic")} + font.families());
+    setFont(font);
+    setEditTriggers(NoEditTriggers);
+    setSelectionBehavior(SelectRows);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    setTabKeyNavigation(false); // Tab goes on to the next control
+    // By pixels, because by rows the toolkit insists on the last row at the bottom of the view.
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    horizontalHeader()->setHighlightSections(false);
+
+    copy_->setShortcut(QKeySequence::Copy);
+    copy_->setShortcutContext(Qt::WidgetShortcut);
+    addAction(copy_);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(copy_, &QAction::triggered, this, [this] { CopySelection(); });
+}
+
+void LiveTable::SetCopyText(const QString& text)
+{
+    copy_->setText(text);
+}
+
+void LiveTable::ShowNewest()
+{
+    if (model()->rowCount() <= kRowsInSight)
+        return;
+    updateGeometries(); // the toolkit does this later, and until then the new row is out of reach
+    verticalScrollBar()->setValue(NewestTop());
+}
+
+void LiveTable::updateGeometries()
+{
+    const int position = verticalScrollBar()->value();
+    QTableView::updateGeometries();
+    verticalScrollBar()->setMaximum(std::max(verticalScrollBar()->maximum(), NewestTop()));
+    verticalScrollBar()->setValue(position);
+}
+
+int LiveTable::NewestTop() const
+{
+    const int rows = model() == nullptr ? 0 : model()->rowCount();
+    return std::max(0, rows - kRowsInSight) * verticalHeader()->defaultSectionSize();
+}
+
+void LiveTable::CopySelection() const
+{
+    QModelIndexList rows = selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
+    QString text;
+    for (const QModelIndex& row : rows) {
+        QStringList cells;
+        for (int column = 0; column < model()->columnCount(); ++column)
+            cells << row.siblingAtColumn(column).data().toString();
+        text += cells.join(QLatin1Char('\t')) + QLatin1Char('\n');
+    }
+    if (!text.isEmpty())
+        QGuiApplication::clipboard()->setText(text);
+}
+
+} // namespace quorvane

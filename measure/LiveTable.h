@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QTableView>
+
+class QAction;
+
+namespace quorvane {
+
+/// The live table's view. The rows copied with Ctrl+C are tab-separated, as spreadsheets take them.
+class LiveTable final : public QTableView {
+public:
+    explicit LiveTable(QWidget* parent = nullptr);
+
+    void SetCopyText(const QString& text);
+    /// With more than six rows, makes the sixth from the end the top one: six rows are in sight, and the
+    /// newest always stands at the same place, with room below it in a tall window.
+    void ShowNewest();
+
+protected:
+    void updateGeometries() override;
+
+private:
+    [[nodiscard]] int NewestTop() const;
+    void CopySelection() const;
+
+    QAction* copy_;
+};
+
+} // namespace quorvane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "measure/MeasurementArrays.h"
+
+#include <QAbstractTableModel>
+#include <QStringList>
+#include <string>
+
+namespace quorvane {
+
+/// The live table's rows, read from the measurement arrays when they are painted: a reading costs the same at
+/// row 65,500 as at row 1.
+class LiveTableModel final : public QAbstractTableModel {
+public:
+    explicit LiveTableModel(const MeasurementArrays& arrays, QObject* parent = nullptr);
+
+    void SetHeadings(const QStringList& headings);
+    void SetDecimalSign(std::string sign);
+    /// Shows readings 1 to `count` from now on; the arrays may have changed entirely.
+    void Reset(int count);
+    /// Reading `sample` has come; those before it are unchanged.
+    void Add(int sample);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    const MeasurementArrays& arrays_;
+    QStringList headings_;
+    std::string decimalSign_ = ".";
+    int rows_ = 0;
+};
+
+} // namespace quorvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "files/NumberText.h"
+#include "measure/MeasurementArrays.h"
+
+#include <string>
+#include <string_view>
+
+namespace quorvane {
+
+/// How averages (TWA, STEL) and integrated mass concentrations are written, in the file and on the screen;
+/// counts and concentrations are written in general form.
+inline constexpr NumberPattern kAveragePattern{.integerDigits = 1, .minDecimals = 1, .maxDecimals = 4};
+inline constexpr NumberPattern kIntegratedPattern{.integerDigits = 1, .minDecimals = 1, .maxDecimals = 3};
+
+/// The columns of the live table, in its order.
+enum class ReadingColumn { Time, Count, Conc, Twa, Stel, IntegratedCount, IntegratedConc };
+inline constexpr int kReadingColumns = 7;
+
+/// The text of one value of reading `sample` (from 1).
+[[nodiscard]] std::string ReadingText(const MeasurementArrays& arrays, int sample, ReadingColumn column,
+                                      std::string_view decimalSign);
+
+} // namespace quorvane

@@ -1,0 +1,56 @@
+#include "measure/RunStatusText.h"
+
+#include "files/NumberText.h"
+#include "resources/OwnTexts.h"
+
+#include <cstdint>
+
+namespace quorvane {
+namespace {
+
+int StateTextId(RunState state, bool portLost)
+{
+    switch (state) {
+    case RunState::Idle:
+    case RunState::Preparing:
+        break;
+    case RunState::Starting:
+        return kConnectingText;
+    case RunState::Measuring:
+        return portLost ? kPortLostText : kMeasuringText;
+    case RunState::Stopping:
+        return kStoppingText;
+    }
+    return kReadyText;
+}
+
+} // namespace
+
+std::string DurationText(std::chrono::seconds time)
+{
+    const std::chrono::hh_mm_ss parts(time);
+    const auto two = [](std::int64_t n) { return PatternText(static_cast<double>(n), {.integerDigits = 2}); };
+    const std::string hours = parts.hours().count() > 0 ? std::to_string(parts.hours().count()) + ":" : "";
+    return hours + two(parts.minutes().count()) + ":" + two(parts.seconds().count());
+}
+
+RunStatusText StatusText(const ApplicationState& state, RunState runState, const RunStatus& status,
+                         const Texts& texts)
+{
+    RunStatusText text;
+    text.state = texts[StateTextId(runState, status.portLost)];
+    text.mode = texts[state.RunMode ? kInstrumentModeText : kSimulatedModeText];
+    if (state.RunMode)
+        text.port = state.RsPort;
+    const bool underWay = runState == RunState::Measuring || runState == RunState::Stopping;
+    if (underWay || state.DataPresent == 1)
+        text.sample = FilledIn(FilledIn(texts[kSampleText], std::to_string(status.taken)),
+                               std::to_string(status.planned));
+    if (runState == RunState::Measuring)
+        text.timeLeft = FilledIn(texts[kTimeLeftText], DurationText(status.left));
+    if (status.linesBehind > 1)
+        text.behind = FilledIn(texts[kLinesBehindText], std::to_string(status.linesBehind));
+    return text;
+}
+
+} // namespace quorvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/Texts.h"
+#include "measure/MeasurementRun.h"
+
+#include <chrono>
+#include <string>
+
+namespace quorvane {
+
+/// "1:02:03" or "02:03".
+[[nodiscard]] std::string DurationText(std::chrono::seconds time);
+
+/// What a status bar says, one text for each of its fields; a field with nothing to say is empty.
+struct RunStatusText {
+    std::string state;    ///< "Measuring", "Port lost; waiting for the instrument"
+    std::string mode;     ///< "Instrument" or "Simulated"
+    std::string port;     ///< "COM1"; empty when the readings are simulated
+    std::string sample;   ///< "Sample 3 of 3600"
+    std::string timeLeft; ///< "Time left 59:57", while a run is under way
+    std::string behind;   ///< "2 lines waiting", when the instrument is ahead of the program
+};
+
+[[nodiscard]] RunStatusText StatusText(const ApplicationState& state, RunState runState,
+                                       const RunStatus& status, const Texts& texts);
+
+} // namespace quorvane
