@@ -14,7 +14,11 @@ TEST(RunStatusTextTest, SaysWhatTheRunIsDoing)
     const Texts texts(table, state);
     state.RunMode = true;
     state.RsPort = "COM3";
-    RunStatus status{.taken = 3, .planned = 3600, .left = 3597s, .linesBehind = 1};
+    RunStatus status;
+    status.taken = 3;
+    status.planned = 3600;
+    status.left = 3597s;
+    status.linesBehind = 1;
 
     EXPECT_EQ(StatusText(state, RunState::Idle, status, texts).sample, ""); // no run yet
 
@@ -36,7 +40,8 @@ TEST(RunStatusTextTest, SaysWhatTheRunIsDoing)
 
     state.RunMode = false;
     state.DataPresent = 1;
-    text = StatusText(state, RunState::Idle, {.taken = 3, .planned = 3600}, texts);
+    status.linesBehind = 0;
+    text = StatusText(state, RunState::Idle, status, texts);
     EXPECT_EQ(text.mode, "SIMULATED");
     EXPECT_EQ(text.port, "");
     EXPECT_EQ(text.sample, "Sample 3 of 3600");

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "app/FrmMenu.h"
+#include "tests/support/InstrumentWorld.h"
+
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <memory>
+
+namespace quorvane {
+
+/// The main window in the discrete-event world: its controls are real, time and instrument are scripts.
+struct WindowWorld : InstrumentWorld {
+    WindowWorld()
+    {
+        world.onPump = [this](long pump) {
+            if (onPump)
+                onPump(pump);
+            QApplication::processEvents();
+        };
+        Plan(3, 1);
+    }
+
+    void Plan(int samples, int intervalSeconds)
+    {
+        state.TotalSamples = samples;
+        state.SamplingSeconds = static_cast<std::int16_t>(intervalSeconds);
+        state.TotalHours = state.TotalMinutes = 0;
+        state.TotalSeconds = samples * intervalSeconds;
+    }
+
+    /// Writes the present state as the settings file, and opens the window, which reads it.
+    void Open()
+    {
+        Q_INIT_RESOURCE(pictures);
+        settings.SaveSettings();
+        window = std::make_unique<FrmMenu>(state, FrmMenu::Parts{.link = link,
+                                                                 .control = port,
+                                                                 .pump = world,
+                                                                 .timer1 = timer1,
+                                                                 .timer2 = timer2,
+                                                                 .timer3 = timer3,
+                                                                 .statusTimer = statusTimer,
+                                                                 .clock = world,
+                                                                 .locale = locale,
+                                                                 .prompts = prompts,
+                                                                 .log = log,
+                                                                 .texts = texts,
+                                                                 .random = [] { return 0.5; },
+                                                                 .saveCommand = save,
+                                                                 .settings = settings,
+                                                                 .arrays = arrays});
+        window->Load();
+        window->show();
+        window->activateWindow();
+        static_cast<void>(QTest::qWaitForWindowActive(window.get()));
+    }
+
+    template <typename Control>
+    [[nodiscard]] Control* Find(const char* name) const
+    {
+        return window->findChild<Control*>(QLatin1String(name));
+    }
+
+    /// What the operator does. A run that it starts is over when this returns.
+    void Click(const char* button)
+    {
+        QTest::mouseClick(Find<QWidget>(button), Qt::LeftButton);
+        QApplication::processEvents();
+    }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QWidget* focus = window->focusWidget();
+        QTest::keyClick(focus == nullptr ? window.get() : focus, key, modifiers);
+        QApplication::processEvents();
+    }
+    void Measure()
+    {
+        GiveLines(static_cast<int>(state.TotalSamples));
+        Click("Command1");
+        lines.clear();
+    }
+
+    [[nodiscard]] std::string Caption() const { return Find<QPushButton>("Command1")->text().toStdString(); }
+    std::function<void(long)> onPump;
+    WorldTimer timer2{world};
+    WorldTimer timer3{world};
+    WorldTimer statusTimer{world};
+    MeasurementArrays arrays;
+    SettingsFile settings{state, files, codePage, world, locale, {0, 1, 0}};
+    SaveCommand save{state, arrays, {files, codePage, locale, world, prompts, texts, {0, 1, 0}}};
+    std::unique_ptr<FrmMenu> window;
+};
+
+} // namespace quorvane
