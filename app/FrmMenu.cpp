@@ -10,6 +10,12 @@
 #include <QCloseEvent>
 #include <utility>
 
+// The pictures lie in a static library and have to be asked for; the macro works outside a namespace only.
+static void LoadPictures()
+{
+    Q_INIT_RESOURCE(pictures);
+}
+
 namespace quorvane {
 namespace {
 
@@ -45,6 +51,7 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
     : state_(state),
       parts_(std::move(parts)),
       ui_([this] {
+          LoadPictures();
           auto ui = std::make_unique<Ui::FrmMenu>();
           ui->setupUi(this);
           return ui;

@@ -380,7 +380,8 @@ TEST_F(FrmMenuTest, EndsInOrderWhateverComesAtWhateverMoment)
             if (HasFailure())
                 return;
             window.reset();
-            state.DataPresent = state.SampleCount = 0;
+            state.DataPresent = 0;
+            state.SampleCount = 0;
         }
     }
 }
@@ -392,8 +393,8 @@ struct LimitInputsTest : FrmMenuTest {
     void Type(int number, const char* text)
     {
         Box(number)->setFocus();
-        QTest::keyClicks(Box(number),
-                         QString::fromLatin1(text)); // replaces: the focus has selected everything
+        Box(number)->selectAll();
+        QTest::keyClicks(Box(number), QString::fromLatin1(text));
         QApplication::processEvents();
     }
 };
