@@ -57,10 +57,12 @@ private:
 
     void Connect();
     void SetCaptions();
+    void SetFonts();
     void SetShortcuts();
     void ShowMode();
     void UpdateCommands();
     void UpdateStatus();
+    void ShowReading(int sample);
 
     void Command1Click();
     void StartMeasurement();

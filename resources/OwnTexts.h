@@ -56,6 +56,10 @@ enum OwnText : int {
     kLampUnlitText = 1079,
     kTableText = 1080,
     kCopyCommandText = 1081,
+    kTwaMeaningText = 1082,
+    kStelMeaningText = 1083,
+    kConcMeaningText = 1084,
+    kCountMeaningText = 1085,
 
     // The main window: what goes on.
     kSimulatedNoticeText = 1091,

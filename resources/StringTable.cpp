@@ -112,8 +112,8 @@ constexpr Entry kEntries[] = {
      "0.001～10 mg/m3。測定中は変更できません"},
 
     {kTimeColumnText, "Time", "時刻"},
-    {kCountColumnText, "Relative concentration\n[CPM]", "相対濃度\n[CPM]"},
-    {kConcColumnText, "Mass concentration\n[mg/m3]", "質量濃度\n[mg/m3]"},
+    {kCountColumnText, "Relative\n[CPM]", "相対濃度\n[CPM]"},
+    {kConcColumnText, "Concentration\n[mg/m3]", "質量濃度\n[mg/m3]"},
     {kTwaColumnText, "TWA\n[mg/m3]", "TWA\n[mg/m3]"},
     {kStelColumnText, "STEL\n[mg/m3]", "STEL\n[mg/m3]"},
     {kIntegratedCountColumnText, "Relative, integrated\n[CPM]", "相対濃度積算値\n[CPM]"},
@@ -122,6 +122,10 @@ constexpr Entry kEntries[] = {
     {kLampUnlitText, "No alarm", "警報なし"},
     {kTableText, "Readings", "測定値"},
     {kCopyCommandText, "&Copy", "コピー(&C)"},
+    {kTwaMeaningText, "average since the start", "測定開始からの平均"},
+    {kStelMeaningText, "average of the last 15 minutes", "直近 15 分間の平均"},
+    {kConcMeaningText, "concentration now", "現在の濃度"},
+    {kCountMeaningText, "relative concentration now", "現在の相対濃度"},
 
     {kSimulatedNoticeText, "SIMULATED: these readings are made up by the computer, not measured.",
      "シミュレーション中: 表示される値はコンピューターが作成したもので、測定値ではありません。"},
