@@ -33,6 +33,10 @@ enum OwnText : int {
     kRescuedText = 1029, ///< %1: a file's path
     kNotRescuedText = 1030,
     kNothingTakenText = 1031, ///< %1: a file's path
+
+    // Where the program's own files are, when it is not where they are looked for.
+    kFilesInUserFolderText = 1041, ///< %1: that folder
+    kFilesUnwritableText = 1042,   ///< %1: the program's folder
 };
 
 } // namespace quorvane

@@ -98,6 +98,13 @@ constexpr Entry kEntries[] = {
      "測定データはどこにも保存できませんでした。"},
     {kNothingTakenText, "No reading was taken; %1 was left as it is.",
      "測定データがないため、%1 は変更していません。"},
+
+    {kFilesInUserFolderText, "The program's folder cannot be written. Settings and error log are in %1.",
+     "プログラムのフォルダーに書き込めません。設定とエラーログの保存先: %1"},
+    {kFilesUnwritableText,
+     "Nothing can be written in the program's folder %1 or in your own data folder. Settings will not be "
+     "kept.",
+     "プログラムのフォルダー %1 にもユーザーのデータフォルダーにも書き込めません。設定は保存されません。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
