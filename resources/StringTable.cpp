@@ -20,6 +20,9 @@ struct Entry {
 constexpr Entry kEntries[] = {
     {101, "Quorvane Software", "Quorvane Software"},
     {161, "Instrument Setting", "測定器設定"},
+    {188, "Two or more startings cannot do this application.",
+     "このアプリケーションは二重に起動できません。"},
+    {189, "Please uses Windows 2000 or Windows XP.", "Windows 2000 または Windows XP をご使用ください。"},
     {217, " is not used.", "は使用できません。"}, // stands behind the port's name
     {218, "RS232C ERROR.", "RS-232C 通信エラーが発生しました。"},
     {219, "All Files", "すべてのファイル"},
