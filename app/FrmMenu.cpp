@@ -108,9 +108,9 @@ void FrmMenu::Load()
     parts_.statusTimer.Enable();
 }
 
-void FrmMenu::TellFilesPlace(const std::string& folder)
+void FrmMenu::Announce(const std::string& text)
 {
-    status_.Announce(Shown(FilledIn(parts_.texts[kFilesPlaceText], folder)));
+    status_.Announce(Shown(text));
 }
 
 void FrmMenu::Connect()
