@@ -10,6 +10,12 @@
 #include <QCloseEvent>
 #include <utility>
 
+// The pictures lie in a static library and have to be asked for; the macro works outside a namespace only.
+static void LoadPictures()
+{
+    Q_INIT_RESOURCE(pictures);
+}
+
 namespace quorvane {
 namespace {
 
@@ -45,16 +51,14 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
     : state_(state),
       parts_(std::move(parts)),
       ui_([this] {
+          LoadPictures();
           auto ui = std::make_unique<Ui::FrmMenu>();
           ui->setupUi(this);
           return ui;
       }()),
       table_(new LiveTableModel(parts_.arrays, this)),
       limits_(state, {ui_->Text1, ui_->Text2, ui_->Text3}, parts_.locale, parts_.prompts, parts_.texts),
-      readings_({{{ui_->CountNow, ReadingColumn::Count},
-                  {ui_->ConcNow, ReadingColumn::Conc},
-                  {ui_->TwaNow, ReadingColumn::Twa},
-                  {ui_->StelNow, ReadingColumn::Stel}}}),
+      readings_({ui_->CountNow, ui_->ConcNow, ui_->TwaNow, ui_->StelNow}),
       status_(*ui_->StatusBar),
       run_(state, parts_.arrays,
            {.link = parts_.link,
@@ -75,6 +79,8 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
     ui_->Image1->SetPicture(QStringLiteral(":/pictures/lamp-twa-lit.png"));
     ui_->Image2->SetPicture(QStringLiteral(":/pictures/lamp-stel-lit.png"));
     ui_->Image3->SetPicture(QStringLiteral(":/pictures/lamp-ceiling-lit.png"));
+    ui_->Command2->setIcon(ui_->MenuAlarmReset->icon());
+    SetFonts();
     SetShortcuts();
     Connect();
 }
@@ -102,9 +108,9 @@ void FrmMenu::Load()
     parts_.statusTimer.Enable();
 }
 
-void FrmMenu::TellFilesPlace(const std::string& folder)
+void FrmMenu::Announce(const std::string& text)
 {
-    status_.Announce(Shown(FilledIn(parts_.texts[kFilesPlaceText], folder)));
+    status_.Announce(Shown(text));
 }
 
 void FrmMenu::Connect()
@@ -116,6 +122,22 @@ void FrmMenu::Connect()
     connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
     connect(ui_->MenuSave, &QAction::triggered, this, [this] { MenuSave(); });
     connect(ui_->MenuExit, &QAction::triggered, this, [this] { Exit(); });
+}
+
+/// What is read from a distance is large; what must not be overlooked is loud, whatever the desktop's
+/// colours.
+void FrmMenu::SetFonts()
+{
+    const auto enlarge = [](QWidget& widget, double factor) {
+        QFont font = widget.font();
+        font.setPointSizeF(font.pointSizeF() * factor);
+        font.setBold(true);
+        widget.setFont(font);
+    };
+    enlarge(*ui_->Command1, 1.25);
+    enlarge(*ui_->SimulatedNotice, 1.25);
+    ui_->SimulatedNotice->setStyleSheet(
+        QStringLiteral("QLabel { background: #ffd400; color: black; border: 2px solid black; }"));
 }
 
 void FrmMenu::SetShortcuts()
@@ -142,7 +164,7 @@ void FrmMenu::SetCaptions()
     ui_->Command2->setText(text(kAlarmResetText));
     ui_->Command2->setToolTip(text(kAlarmResetTipText));
     ui_->SimulatedNotice->setText(text(kSimulatedNoticeText));
-    ui_->CountLabel->setText(text(kCountColumnText));
+    ui_->CountName->setText(text(kCountMeaningText));
     ui_->vaSpread1->setAccessibleName(text(kTableText));
     ui_->vaSpread1->SetCopyText(text(kCopyCommandText));
 
@@ -150,16 +172,19 @@ void FrmMenu::SetCaptions()
         LampView* lamp;
         QLabel* name;
         int nameId;
+        int meaningId;
         QLabel* limitLabel;
         int limitId;
         LimitBox* limit;
     };
-    for (const ExposureRow& row :
-         {ExposureRow{ui_->Image1, ui_->LampName1, 280, ui_->Label1, 296, ui_->Text1},
-          ExposureRow{ui_->Image2, ui_->LampName2, 281, ui_->Label2, 295, ui_->Text2},
-          ExposureRow{ui_->Image3, ui_->LampName3, 282, ui_->Label3, 294, ui_->Text3}}) {
+    const ExposureRow rows[] = {
+        {ui_->Image1, ui_->LampName1, 280, kTwaMeaningText, ui_->Label1, 296, ui_->Text1},
+        {ui_->Image2, ui_->LampName2, 281, kStelMeaningText, ui_->Label2, 295, ui_->Text2},
+        {ui_->Image3, ui_->LampName3, 282, kConcMeaningText, ui_->Label3, 294, ui_->Text3},
+    };
+    for (const ExposureRow& row : rows) {
         row.lamp->SetTexts(text(row.nameId), text(kLampLitText), text(kLampUnlitText));
-        row.name->setText(text(row.nameId));
+        row.name->setText(text(row.nameId) + QLatin1Char('\n') + text(row.meaningId));
         row.limitLabel->setText(text(row.limitId));
         row.limit->setAccessibleName(text(row.limitId));
         row.limit->setToolTip(text(kLimitTipText));
@@ -296,7 +321,7 @@ void FrmMenu::RunPrepared()
 {
     table_->Reset(0);
     table_->SetDecimalSign(parts_.locale.DecimalSign());
-    readings_.Clear();
+    ShowReading(0);
 }
 
 void FrmMenu::ReadingsCleared()
@@ -308,8 +333,14 @@ void FrmMenu::SampleAdded(int sample)
 {
     table_->Add(sample);
     ui_->vaSpread1->ShowNewest();
+    ShowReading(sample);
+    QMetaObject::invokeMethod(
+        this, [this] { UpdateStatus(); }, Qt::QueuedConnection); // it counts from then on
+}
+
+void FrmMenu::ShowReading(int sample)
+{
     readings_.Show(parts_.arrays, sample, parts_.locale.DecimalSign());
-    UpdateStatus();
 }
 
 void FrmMenu::LampChanged(Lamp lamp, bool lit)
@@ -326,8 +357,7 @@ void FrmMenu::RunEnded(RunResult result)
         return;
     table_->Reset(state_.SampleCount); // a run that could not start takes nothing away
     ui_->vaSpread1->ShowNewest();
-    if (state_.SampleCount > 0)
-        readings_.Show(parts_.arrays, state_.SampleCount, parts_.locale.DecimalSign());
+    ShowReading(state_.SampleCount);
 }
 
 } // namespace quorvane

@@ -44,8 +44,8 @@ public:
 
     /// Reads the settings, settles the language, and shows both. Called once, before the window is shown.
     void Load();
-    /// Says for good in the status bar where the program keeps its files.
-    void TellFilesPlace(const std::string& folder);
+    /// Says something for good in the status bar.
+    void Announce(const std::string& text);
 
     [[nodiscard]] MeasurementRun& Run() { return run_; }
 
@@ -57,10 +57,12 @@ private:
 
     void Connect();
     void SetCaptions();
+    void SetFonts();
     void SetShortcuts();
     void ShowMode();
     void UpdateCommands();
     void UpdateStatus();
+    void ShowReading(int sample);
 
     void Command1Click();
     void StartMeasurement();

@@ -8,15 +8,12 @@
 namespace quorvane {
 namespace {
 
-QLabel* NewField(QStatusBar& bar, const char* name, int stretch = 0)
+QLabel* NewField(QStatusBar& bar, const char* name)
 {
     auto* label = new QLabel(&bar);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
-    if (stretch > 0)
-        bar.addWidget(label, stretch);
-    else
-        bar.addPermanentWidget(label);
+    label->setContentsMargins(6, 0, 6, 0);
     return label;
 }
 
@@ -30,14 +27,17 @@ void SetField(QLabel& label, const std::string& text)
 
 StatusLine::StatusLine(QStatusBar& bar)
     : state_(NewField(bar, "StatusState")),
-      announcement_(NewField(bar, "StatusAnnouncement", 1)),
+      announcement_(NewField(bar, "StatusAnnouncement")),
       sample_(NewField(bar, "StatusSample")),
       timeLeft_(NewField(bar, "StatusTimeLeft")),
       behind_(NewField(bar, "StatusBehind")),
       mode_(NewField(bar, "StatusMode")),
       port_(NewField(bar, "StatusPort"))
 {
-    bar.insertWidget(0, state_);
+    bar.addWidget(state_);
+    bar.addWidget(announcement_, 1);
+    for (QLabel* field : {sample_, timeLeft_, behind_, mode_, port_})
+        bar.addPermanentWidget(field);
 }
 
 void StatusLine::Show(const RunStatusText& text)

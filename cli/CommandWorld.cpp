@@ -1,7 +1,7 @@
 #include "cli/CommandWorld.h"
 
 #include "app/LanguageOffset.h"
-#include "files/AppFiles.h"
+#include "files/ProgramPlace.h"
 #include "serial/PortFaultText.h"
 
 namespace quorvane {
@@ -12,7 +12,12 @@ CommandWorld::CommandWorld(bool progress)
       texts(table, state),
       console(progress && StandardErrorIsTerminal())
 {
-    state.AppPath = ProgramFilesFolder(EnvironmentText("QUORVANE_HOME"), ProgramFolder());
+    const ProgramFiles files =
+        FindProgramFiles({EnvironmentText("QUORVANE_HOME"), ProgramFolder(), UserDataFolder()},
+                         *platform.folders, *platform.files);
+    state.AppPath = files.folder;
+    if (const std::string notice = PlaceNotice(files, texts); !notice.empty())
+        console.Say(notice);
 }
 
 std::string CommandWorld::Reason(const PortFault& fault) const

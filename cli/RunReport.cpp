@@ -1,6 +1,7 @@
 #include "cli/RunReport.h"
 
 #include "files/NumberText.h"
+#include "measure/ReadingText.h"
 #include "resources/OwnTexts.h"
 
 #include <array>
@@ -10,8 +11,6 @@
 namespace quorvane {
 namespace {
 
-constexpr NumberPattern kAverage{.integerDigits = 1, .minDecimals = 4, .maxDecimals = 4};
-constexpr NumberPattern kConc{.integerDigits = 1, .minDecimals = 3, .maxDecimals = 3};
 constexpr NumberPattern kAlarmValue{.integerDigits = 1, .minDecimals = 0, .maxDecimals = 4};
 constexpr std::size_t kColumnWidth = 11;
 
@@ -81,11 +80,11 @@ std::string RunReport::Row(std::size_t sample) const
     AddColumn(row, std::to_string(sample));
     AddColumn(row, Printable(arrays_.MeasureTime[sample]));
     AddColumn(row, GeneralText(arrays_.CountValue[sample], decimalSign_));
-    AddColumn(row, PatternText(arrays_.ConcValue[sample], kConc, decimalSign_));
-    AddColumn(row, PatternText(arrays_.DerivedValueA[sample], kAverage, decimalSign_));
-    AddColumn(row, PatternText(arrays_.DerivedValueB[sample], kAverage, decimalSign_));
+    AddColumn(row, PatternText(arrays_.ConcValue[sample], kSteadyConcPattern, decimalSign_));
+    AddColumn(row, PatternText(arrays_.DerivedValueA[sample], kSteadyAveragePattern, decimalSign_));
+    AddColumn(row, PatternText(arrays_.DerivedValueB[sample], kSteadyAveragePattern, decimalSign_));
     AddColumn(row, GeneralText(arrays_.IntegratedCount[sample], decimalSign_));
-    AddColumn(row, PatternText(arrays_.IntegratedConc[sample], kConc, decimalSign_));
+    AddColumn(row, PatternText(arrays_.IntegratedConc[sample], kSteadyConcPattern, decimalSign_));
     return row;
 }
 

@@ -25,10 +25,12 @@ std::string Usage()
            "Options of measure:\n" +
            MeasureUsage() +
            "\n"
-           "What is not given comes from the settings file Quorvane.ini in the program's folder, or in the\n"
-           "folder that the environment variable QUORVANE_HOME names. Ctrl-C stops the run and saves what "
-           "was\n"
-           "taken; a second Ctrl-C also gives up the stop exchange with the instrument.\n"
+           "What is not given comes from the settings file Quorvane.ini in the program's folder (in the "
+           "user's data\n"
+           "folder, when that one cannot be written), or in the folder that the environment variable\n"
+           "QUORVANE_HOME names. Ctrl-C stops the run and saves what was taken; a second Ctrl-C also gives "
+           "up\n"
+           "the stop exchange with the instrument.\n"
            "A run without a single reading leaves an existing file as it is. On a terminal a line tells how\n"
            "the run is getting on: readings taken/planned, time left, and lines behind when there are "
            "several.\n"

@@ -13,11 +13,6 @@ std::string Utf8FromPath(const std::filesystem::path& path)
     return {text.begin(), text.end()};
 }
 
-std::string ProgramFilesFolder(const std::optional<std::string>& home, const std::string& programFolder)
-{
-    return home && !home->empty() ? *home : programFolder;
-}
-
 std::string FileInFolder(const std::string& folder, std::string_view name)
 {
     constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);

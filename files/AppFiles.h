@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,11 +12,6 @@ namespace quorvane {
 
 /// The text of a path, UTF-8.
 [[nodiscard]] std::string Utf8FromPath(const std::filesystem::path& path);
-
-/// Where the program's own files are: `home` when somebody has named one, else beside the program.
-/// @param home  the environment variable QUORVANE_HOME; an empty one counts as not set
-[[nodiscard]] std::string ProgramFilesFolder(const std::optional<std::string>& home,
-                                             const std::string& programFolder);
 
 /// The path, UTF-8, of the file `name` in `folder`, with the system's separator between them unless the
 /// folder ends in one ("C:\", "/").

@@ -54,6 +54,13 @@ void LiveTable::ShowNewest()
     verticalScrollBar()->setValue(NewestTop());
 }
 
+QSize LiveTable::minimumSizeHint() const
+{
+    const int rows = kRowsInSight * verticalHeader()->defaultSectionSize();
+    return {QTableView::minimumSizeHint().width(),
+            horizontalHeader()->sizeHint().height() + rows + 2 * frameWidth()};
+}
+
 void LiveTable::updateGeometries()
 {
     const int position = verticalScrollBar()->value();

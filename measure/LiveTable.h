@@ -15,6 +15,8 @@ public:
     /// With more than six rows, makes the sixth from the end the top one: six rows are in sight, and the
     /// newest always stands at the same place, with room below it in a tall window.
     void ShowNewest();
+    /// High enough for the six rows, or the newest would be out of sight in a small window.
+    [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
     void updateGeometries() override;

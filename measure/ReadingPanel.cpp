@@ -1,39 +1,42 @@
 #include "measure/ReadingPanel.h"
 
 #include "app/QtText.h"
+#include "measure/ReadingText.h"
 
 #include <QLabel>
 
 namespace quorvane {
 namespace {
 
-constexpr double kLarge = 2.2; // times the window's font
+constexpr double kLarge = 2.4; // times the window's font
 
 } // namespace
 
-ReadingPanel::ReadingPanel(const std::array<Field, kFields>& fields) : fields_(fields)
+ReadingPanel::ReadingPanel(const Labels& labels) : labels_(labels)
 {
-    for (const Field& field : fields_) {
-        QFont font = field.label->font();
+    for (QLabel* label : {labels_.count, labels_.conc, labels_.twa, labels_.stel}) {
+        QFont font = label->font();
         font.setPointSizeF(font.pointSizeF() * kLarge);
         font.setBold(true);
-        field.label->setFont(font);
-        // As wide as the widest value there can be, or the window would twitch.
-        field.label->setMinimumWidth(QFontMetrics(font).horizontalAdvance(QStringLiteral("000.0000")));
+        label->setFont(font);
+        // As wide as the usual values get, or the window would twitch.
+        label->setMinimumWidth(QFontMetrics(font).horizontalAdvance(QStringLiteral("00.0000")));
     }
-    Clear();
+    Show({}, 0, {});
 }
 
 void ReadingPanel::Show(const MeasurementArrays& arrays, int sample, std::string_view decimalSign)
 {
-    for (const Field& field : fields_)
-        field.label->setText(Shown(ReadingText(arrays, sample, field.column, decimalSign)));
-}
-
-void ReadingPanel::Clear()
-{
-    for (const Field& field : fields_)
-        field.label->setText(QStringLiteral("\u2013"));
+    if (sample == 0) {
+        for (QLabel* label : {labels_.count, labels_.conc, labels_.twa, labels_.stel})
+            label->setText(QStringLiteral("\u2013"));
+        return;
+    }
+    const auto i = static_cast<std::size_t>(sample);
+    labels_.count->setText(Shown(GeneralText(arrays.CountValue[i], decimalSign)));
+    labels_.conc->setText(Shown(PatternText(arrays.ConcValue[i], kSteadyConcPattern, decimalSign)));
+    labels_.twa->setText(Shown(PatternText(arrays.DerivedValueA[i], kSteadyAveragePattern, decimalSign)));
+    labels_.stel->setText(Shown(PatternText(arrays.DerivedValueB[i], kSteadyAveragePattern, decimalSign)));
 }
 
 } // namespace quorvane

@@ -1,10 +1,7 @@
 #pragma once
 
 #include "measure/MeasurementArrays.h"
-#include "measure/ReadingText.h"
 
-#include <QWidget>
-#include <array>
 #include <string_view>
 
 class QLabel;
@@ -14,20 +11,19 @@ namespace quorvane {
 /// The values of the newest reading in figures that can be read from across the bench.
 class ReadingPanel final {
 public:
-    struct Field {
-        QLabel* label;
-        ReadingColumn column;
+    struct Labels {
+        QLabel* count;
+        QLabel* conc;
+        QLabel* twa;
+        QLabel* stel;
     };
-    static constexpr std::size_t kFields = 4;
+    explicit ReadingPanel(const Labels& labels);
 
-    explicit ReadingPanel(const std::array<Field, kFields>& fields);
-
+    /// @param sample  from 1; 0: no reading, shown as dashes
     void Show(const MeasurementArrays& arrays, int sample, std::string_view decimalSign);
-    /// No reading: dashes.
-    void Clear();
 
 private:
-    std::array<Field, kFields> fields_;
+    Labels labels_;
 };
 
 } // namespace quorvane

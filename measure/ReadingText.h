@@ -13,6 +13,11 @@ namespace quorvane {
 inline constexpr NumberPattern kAveragePattern{.integerDigits = 1, .minDecimals = 1, .maxDecimals = 4};
 inline constexpr NumberPattern kIntegratedPattern{.integerDigits = 1, .minDecimals = 1, .maxDecimals = 3};
 
+/// The same with a steady number of decimals, where they are watched: figures must not jump from side to
+/// side.
+inline constexpr NumberPattern kSteadyAveragePattern{.integerDigits = 1, .minDecimals = 4, .maxDecimals = 4};
+inline constexpr NumberPattern kSteadyConcPattern{.integerDigits = 1, .minDecimals = 3, .maxDecimals = 3};
+
 /// The columns of the live table, in its order.
 enum class ReadingColumn { Time, Count, Conc, Twa, Stel, IntegratedCount, IntegratedConc };
 inline constexpr int kReadingColumns = 7;

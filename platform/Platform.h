@@ -4,6 +4,7 @@
 #include "app/LocaleItems.h"
 #include "files/CodePage.h"
 #include "files/FileStore.h"
+#include "files/Folders.h"
 #include "serial/PortNames.h"
 #include "serial/SerialControl.h"
 
@@ -21,6 +22,7 @@ struct Platform {
     std::unique_ptr<PortNames> portNames;
     std::unique_ptr<PortProbe> portProbe;
     std::unique_ptr<FileStore> files;
+    std::unique_ptr<Folders> folders;
     std::unique_ptr<CodePage> codePage;
     std::unique_ptr<LocaleItems> locale;
     std::unique_ptr<LocalClock> clock;
@@ -36,6 +38,10 @@ struct Platform {
 /// Folder of the running program's file, UTF-8, without a trailing separator; "." when the system does not
 /// tell.
 [[nodiscard]] std::string ProgramFolder();
+
+/// The user's own folder for this program's data, UTF-8, whether it is there or not; empty when the system
+/// knows none.
+[[nodiscard]] std::string UserDataFolder();
 
 /// An environment variable, UTF-8. @return nothing when it is not set; an empty text when it is set to
 /// nothing

@@ -56,6 +56,10 @@ enum OwnText : int {
     kLampUnlitText = 1079,
     kTableText = 1080,
     kCopyCommandText = 1081,
+    kTwaMeaningText = 1082,
+    kStelMeaningText = 1083,
+    kConcMeaningText = 1084,
+    kCountMeaningText = 1085,
 
     // The main window: what goes on.
     kSimulatedNoticeText = 1091,
@@ -69,8 +73,10 @@ enum OwnText : int {
     kSampleText = 1099,      ///< %1: readings taken; a second %1: readings in all
     kTimeLeftText = 1100,    ///< %1: hours, minutes, seconds
     kLinesBehindText = 1101, ///< %1: a number of lines
-    kSavedToText = 1102,     ///< %1: a file's path
-    kFilesPlaceText = 1103,  ///< %1: a folder's path
+
+    // Where the program's own files are, when it is not where they are looked for.
+    kFilesInUserFolderText = 1111, ///< %1: that folder
+    kFilesUnwritableText = 1112,   ///< %1: the program's folder
 };
 
 } // namespace quorvane

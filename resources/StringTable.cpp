@@ -20,6 +20,9 @@ struct Entry {
 constexpr Entry kEntries[] = {
     {101, "Quorvane Software", "Quorvane Software"},
     {161, "Instrument Setting", "測定器設定"},
+    {188, "Two or more startings cannot do this application.",
+     "このアプリケーションは二重に起動できません。"},
+    {189, "Please uses Windows 2000 or Windows XP.", "Windows 2000 または Windows XP をご使用ください。"},
     {217, " is not used.", "は使用できません。"}, // stands behind the port's name
     {218, "RS232C ERROR.", "RS-232C 通信エラーが発生しました。"},
     {219, "All Files", "すべてのファイル"},
@@ -112,8 +115,8 @@ constexpr Entry kEntries[] = {
      "0.001～10 mg/m3。測定中は変更できません"},
 
     {kTimeColumnText, "Time", "時刻"},
-    {kCountColumnText, "Relative concentration\n[CPM]", "相対濃度\n[CPM]"},
-    {kConcColumnText, "Mass concentration\n[mg/m3]", "質量濃度\n[mg/m3]"},
+    {kCountColumnText, "Relative\n[CPM]", "相対濃度\n[CPM]"},
+    {kConcColumnText, "Concentration\n[mg/m3]", "質量濃度\n[mg/m3]"},
     {kTwaColumnText, "TWA\n[mg/m3]", "TWA\n[mg/m3]"},
     {kStelColumnText, "STEL\n[mg/m3]", "STEL\n[mg/m3]"},
     {kIntegratedCountColumnText, "Relative, integrated\n[CPM]", "相対濃度積算値\n[CPM]"},
@@ -122,6 +125,10 @@ constexpr Entry kEntries[] = {
     {kLampUnlitText, "No alarm", "警報なし"},
     {kTableText, "Readings", "測定値"},
     {kCopyCommandText, "&Copy", "コピー(&C)"},
+    {kTwaMeaningText, "average since the start", "測定開始からの平均"},
+    {kStelMeaningText, "average of the last 15 minutes", "直近 15 分間の平均"},
+    {kConcMeaningText, "concentration now", "現在の濃度"},
+    {kCountMeaningText, "relative concentration now", "現在の相対濃度"},
 
     {kSimulatedNoticeText, "SIMULATED: these readings are made up by the computer, not measured.",
      "シミュレーション中: 表示される値はコンピューターが作成したもので、測定値ではありません。"},
@@ -136,9 +143,13 @@ constexpr Entry kEntries[] = {
     {kSampleText, "Sample %1 of %1", "測定 %1 / %1 回"},
     {kTimeLeftText, "Time left %1", "残り時間 %1"},
     {kLinesBehindText, "%1 lines waiting", "未処理 %1 行"},
-    {kSavedToText, "Saved: %1", "保存しました: %1"},
-    {kFilesPlaceText, "The program's folder cannot be written. Settings and logs are in %1.",
-     "プログラムのフォルダーに書き込めないため、設定とログは %1 に保存されます。"},
+
+    {kFilesInUserFolderText, "The program's folder cannot be written. Settings and error log are in %1.",
+     "プログラムのフォルダーに書き込めません。設定とエラーログの保存先: %1"},
+    {kFilesUnwritableText,
+     "Nothing can be written in the program's folder %1 or in your own data folder. Settings will not be "
+     "kept.",
+     "プログラムのフォルダー %1 にもユーザーのデータフォルダーにも書き込めません。設定は保存されません。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

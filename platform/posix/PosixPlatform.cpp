@@ -2,6 +2,7 @@
 #include "platform/posix/FileDescriptor.h"
 #include "platform/posix/PosixCodePage.h"
 #include "platform/posix/PosixFileStore.h"
+#include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixLocalClock.h"
 #include "platform/posix/PosixLocaleItems.h"
 #include "platform/posix/PosixPortNames.h"
@@ -14,6 +15,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <poll.h>
+#include <pwd.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -41,6 +43,14 @@ FileDescriptor OpenTerminalAnew(int stream)
                           O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
 }
 
+std::string HomeFolder()
+{
+    if (const auto home = EnvironmentText("HOME"); home && !home->empty())
+        return *home;
+    const passwd* const user = ::getpwuid(::geteuid());
+    return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
+}
+
 } // namespace
 
 Platform MakePlatform()
@@ -51,6 +61,7 @@ Platform MakePlatform()
         .portNames = std::make_unique<PosixPortNames>(),
         .portProbe = std::make_unique<PosixPortProbe>(),
         .files = std::make_unique<PosixFileStore>(),
+        .folders = std::make_unique<PosixFolders>(),
         .codePage = std::make_unique<PosixCodePage>(),
         .locale = std::make_unique<PosixLocaleItems>(),
         .clock = std::make_unique<PosixLocalClock>(),
@@ -67,6 +78,15 @@ std::string ProgramFolder()
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     return error ? "." : program.parent_path().string();
+}
+
+std::string UserDataFolder()
+{
+    const std::string dataHome = EnvironmentText("XDG_DATA_HOME").value_or("");
+    if (dataHome.starts_with('/')) // a relative one is to be ignored
+        return dataHome + "/quorvane";
+    const std::string home = HomeFolder();
+    return home.starts_with('/') ? home + "/.local/share/quorvane" : "";
 }
 
 std::optional<std::string> EnvironmentText(const std::string& name)

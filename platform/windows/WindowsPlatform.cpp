@@ -2,6 +2,7 @@
 #include "platform/windows/WideText.h"
 #include "platform/windows/WindowsCodePage.h"
 #include "platform/windows/WindowsFileStore.h"
+#include "platform/windows/WindowsFolders.h"
 #include "platform/windows/WindowsLocalClock.h"
 #include "platform/windows/WindowsLocaleItems.h"
 #include "platform/windows/WindowsPortNames.h"
@@ -9,6 +10,7 @@
 #include "platform/windows/WindowsSerialControl.h"
 
 #include <shellapi.h>
+#include <shlobj.h>
 #include <windows.h>
 
 namespace quorvane {
@@ -40,6 +42,7 @@ Platform MakePlatform()
         .portNames = std::make_unique<WindowsPortNames>(),
         .portProbe = std::make_unique<WindowsPortProbe>(),
         .files = std::make_unique<WindowsFileStore>(),
+        .folders = std::make_unique<WindowsFolders>(),
         .codePage = std::make_unique<WindowsCodePage>(),
         .locale = std::make_unique<WindowsLocaleItems>(),
         .clock = std::make_unique<WindowsLocalClock>(),
@@ -73,6 +76,16 @@ std::string ProgramFolder()
     }
     const std::size_t end = path.find_last_of(L'\\');
     return end == std::wstring::npos ? "." : Utf8(path.substr(0, end));
+}
+
+std::string UserDataFolder()
+{
+    PWSTR path = nullptr;
+    // Asked, not read from LOCALAPPDATA: the variable can be missing or changed.
+    const HRESULT result = ::SHGetKnownFolderPath(FOLDERID_LocalAppData, KF_FLAG_DEFAULT, nullptr, &path);
+    const std::string folder = SUCCEEDED(result) ? Utf8(path) + "\\Quorvane" : "";
+    ::CoTaskMemFree(path);
+    return folder;
 }
 
 std::optional<std::string> EnvironmentText(const std::string& name)

@@ -135,7 +135,7 @@ TEST_F(FrmMenuTest, MeasuresWithOneClickAndShowsWhatItReads)
     EXPECT_EQ(Cell(2, 2), "1.25");
     EXPECT_EQ(Cell(2, 5), "36");   // 3 x 12
     EXPECT_EQ(Cell(2, 6), "3.75"); // 3 x 1.25
-    EXPECT_EQ(Label("ConcNow"), "1.25");
+    EXPECT_EQ(Label("ConcNow"), "1.250");
     EXPECT_EQ(Label("StatusSample"), "Sample 3 of 3");
     EXPECT_TRUE(window->isWindowModified());
 
@@ -199,7 +199,7 @@ TEST_F(FrmMenuTest, ARunThatCannotStartTakesNothingAway)
     Click("Command1");
     ExpectIdle();
     EXPECT_EQ(Rows(), 3);
-    EXPECT_EQ(Label("ConcNow"), "1.25");
+    EXPECT_EQ(Label("ConcNow"), "1.250");
     EXPECT_EQ(prompts.messages.size(), 1U);
 }
 
@@ -380,7 +380,8 @@ TEST_F(FrmMenuTest, EndsInOrderWhateverComesAtWhateverMoment)
             if (HasFailure())
                 return;
             window.reset();
-            state.DataPresent = state.SampleCount = 0;
+            state.DataPresent = 0;
+            state.SampleCount = 0;
         }
     }
 }
@@ -392,8 +393,8 @@ struct LimitInputsTest : FrmMenuTest {
     void Type(int number, const char* text)
     {
         Box(number)->setFocus();
-        QTest::keyClicks(Box(number),
-                         QString::fromLatin1(text)); // replaces: the focus has selected everything
+        Box(number)->selectAll();
+        QTest::keyClicks(Box(number), QString::fromLatin1(text));
         QApplication::processEvents();
     }
 };

@@ -1,14 +1,13 @@
 #include "platform/posix/PosixFileStore.h"
+#include "tests/platform/OrdinaryUser.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <algorithm>
 #include <csignal>
-#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <vector>
 
 namespace quorvane {
@@ -42,15 +41,6 @@ protected:
     ScratchFolder folder_;
     PosixFileStore store_;
 };
-
-/// Root may do everything; it acts as an ordinary user here.
-void AsOrdinaryUser(const std::function<void()>& act)
-{
-    const bool isRoot = ::geteuid() == 0;
-    EXPECT_TRUE(!isRoot || ::seteuid(65534) == 0);
-    act();
-    EXPECT_TRUE(!isRoot || ::seteuid(0) == 0);
-}
 
 TEST_F(FileStoreTest, ReplaceMakesANewFile)
 {

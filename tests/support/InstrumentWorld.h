@@ -17,7 +17,7 @@ struct InstrumentWorld : LinkWorld {
         state.TotalSamples = 3;
         state.SamplingSeconds = 1;
         state.TwaAlarm = state.StelAlarm = state.CAlarm = 10;
-        port.onOutput = [this](const std::string& text) { Answer(text); };
+        port.onOutput = [this](const std::string& text) { Respond(text); };
     }
 
     // The instrument's script.
@@ -49,7 +49,7 @@ struct InstrumentWorld : LinkWorld {
     }
 
 private:
-    void Answer(const std::string& text)
+    void Respond(const std::string& text)
     {
         ++stream_; // any command ends the stream that runs
         if (text == "N\r\n" && answersLinkChecks)

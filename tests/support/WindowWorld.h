@@ -33,7 +33,6 @@ struct WindowWorld : InstrumentWorld {
     /// Writes the present state as the settings file, and opens the window, which reads it.
     void Open()
     {
-        Q_INIT_RESOURCE(pictures);
         settings.SaveSettings();
         window = std::make_unique<FrmMenu>(state, FrmMenu::Parts{.link = link,
                                                                  .control = port,
@@ -79,6 +78,7 @@ struct WindowWorld : InstrumentWorld {
     {
         GiveLines(static_cast<int>(state.TotalSamples));
         Click("Command1");
+        QApplication::processEvents(); // a close that was put off comes back now
         lines.clear();
     }
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+/// Root may do everything; it acts as an ordinary user here.
+inline void AsOrdinaryUser(const std::function<void()>& act)
+{
+    const bool isRoot = ::geteuid() == 0;
+    EXPECT_TRUE(!isRoot || ::seteuid(65534) == 0);
+    act();
+    EXPECT_TRUE(!isRoot || ::seteuid(0) == 0);
+}
+
+} // namespace quorvane
