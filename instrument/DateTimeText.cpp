@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
-#include <string_view>
 
 namespace quorvane {
 namespace {
@@ -58,7 +57,9 @@ void AppendField(std::string& out, char letter, std::size_t run, const Fields& f
     }
 }
 
-std::string Formatted(LocalMoment moment, std::string_view pattern, const LocaleItems& locale)
+} // namespace
+
+std::string TextInPattern(LocalMoment moment, std::string_view pattern, const LocaleItems& locale)
 {
     const Fields fields = FieldsOf(moment);
     std::string text;
@@ -77,16 +78,19 @@ std::string Formatted(LocalMoment moment, std::string_view pattern, const Locale
     return text;
 }
 
-} // namespace
-
 std::string SystemDateText(LocalMoment moment, const LocaleItems& locale)
 {
-    return Formatted(moment, locale.ShortDateFormat(), locale);
+    return TextInPattern(moment, locale.ShortDateFormat(), locale);
+}
+
+std::string SystemTimeText(LocalMoment moment, const LocaleItems& locale)
+{
+    return TextInPattern(moment, locale.TimeFormat(), locale);
 }
 
 std::string SystemDateTimeText(LocalMoment moment, const LocaleItems& locale)
 {
-    return SystemDateText(moment, locale) + " " + Formatted(moment, locale.TimeFormat(), locale);
+    return SystemDateText(moment, locale) + " " + SystemTimeText(moment, locale);
 }
 
 std::string FileStamp(LocalMoment moment)

@@ -36,6 +36,8 @@ constexpr Entry kEntries[] = {
     {235, "Data File can not create or save.", "データファイルを作成または保存できません。"},
     {236, "Data File can not load.", "データファイルを読み込めません。"},
     {238, "Communication Error", "通信エラー"},
+    {247, "PM", "午後"}, // what a 12-hour clock writes in the afternoon, in either language
+    {249, "PM", "PM"},
     {264, "There is a problem in the date data. Graphical representation is not possible.",
      "日付データに異常があります。グラフを表示できません。"},
     {265, "There is a problem in the time data. Graphical representation is not possible.",

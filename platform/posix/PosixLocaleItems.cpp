@@ -1,5 +1,6 @@
 #include "platform/posix/PosixLocaleItems.h"
 
+#include "instrument/LocalePattern.h"
 #include "platform/Platform.h"
 #include "platform/posix/LanguageName.h"
 #include "platform/posix/StrftimePattern.h"
@@ -62,6 +63,36 @@ std::string PosixLocaleItems::ShortDateFormat() const
 std::string PosixLocaleItems::TimeFormat() const
 {
     return TimePattern(UserLocale(LC_TIME_MASK).Text(T_FMT));
+}
+
+std::string PosixLocaleItems::DateSeparator() const
+{
+    return SeparatorAfter(ShortDateFormat(), "yMd");
+}
+
+std::string PosixLocaleItems::TimeSeparator() const
+{
+    return SeparatorAfter(TimeFormat(), "Hh");
+}
+
+std::string PosixLocaleItems::Century() const
+{
+    return CenturyItem(ShortDateFormat());
+}
+
+std::string PosixLocaleItems::HourLeadingZero() const
+{
+    return LeadingZeroItem(TimeFormat(), "Hh");
+}
+
+std::string PosixLocaleItems::MonthLeadingZero() const
+{
+    return LeadingZeroItem(ShortDateFormat(), "M");
+}
+
+std::string PosixLocaleItems::DayLeadingZero() const
+{
+    return LeadingZeroItem(ShortDateFormat(), "d");
 }
 
 std::string PosixLocaleItems::MorningSign() const

@@ -35,6 +35,36 @@ std::string WindowsLocaleItems::TimeFormat() const
     return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_STIMEFORMAT, "HH:mm:ss");
 }
 
+std::string WindowsLocaleItems::DateSeparator() const
+{
+    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_SDATE, "/");
+}
+
+std::string WindowsLocaleItems::TimeSeparator() const
+{
+    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_STIME, ":");
+}
+
+std::string WindowsLocaleItems::Century() const
+{
+    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_ICENTURY, "1");
+}
+
+std::string WindowsLocaleItems::HourLeadingZero() const
+{
+    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_ITLZERO, "1");
+}
+
+std::string WindowsLocaleItems::MonthLeadingZero() const
+{
+    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_IMONLZERO, "1");
+}
+
+std::string WindowsLocaleItems::DayLeadingZero() const
+{
+    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_IDAYLZERO, "1");
+}
+
 std::string WindowsLocaleItems::MorningSign() const
 {
     return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_S1159, "AM");

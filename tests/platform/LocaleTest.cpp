@@ -1,3 +1,4 @@
+#include "instrument/LocalePattern.h"
 #include "platform/posix/LanguageName.h"
 #include "platform/posix/PosixLocaleItems.h"
 #include "platform/posix/StrftimePattern.h"
@@ -42,6 +43,31 @@ TEST(TimePattern, SpeaksPatternLetters)
         EXPECT_EQ(TimePattern(format), "HH:mm:ss") << format;
 }
 
+TEST(LocalePattern, TellsTheItemsOfAFormat)
+{
+    struct ItemRow {
+        std::string_view strftimeDate, strftimeTime;
+        std::string date, century, month, day, time, hour;
+    };
+    const ItemRow rows[] = {
+        {"%m/%d/%y", "%r", "/", "0", "1", "1", ":", "1"},
+        {"%e.%m.%Y", "%k.%M.%S", ".", "1", "1", "0", ".", "0"},
+        {"%Y-%-m-%d", "%l:%M:%S %P", "-", "1", "0", "1", ":", "0"},
+        {"%Y年%m月%d日", "%p %I-%M", "/", "1", "1", "1", "-", "1"},
+        {"%d. %m. %Y", "%H%M", ".", "1", "1", "1", "", "1"},
+    };
+    for (const ItemRow& row : rows) {
+        const std::string date = DatePattern(row.strftimeDate);
+        const std::string time = TimePattern(row.strftimeTime);
+        EXPECT_EQ(SeparatorAfter(date, "yMd"), row.date) << date;
+        EXPECT_EQ(CenturyItem(date), row.century) << date;
+        EXPECT_EQ(LeadingZeroItem(date, "M"), row.month) << date;
+        EXPECT_EQ(LeadingZeroItem(date, "d"), row.day) << date;
+        EXPECT_EQ(SeparatorAfter(time, "Hh"), row.time) << time;
+        EXPECT_EQ(LeadingZeroItem(time, "Hh"), row.hour) << time;
+    }
+}
+
 TEST(LanguageName, IsTheEnglishOne)
 {
     const Row rows[] = {
@@ -61,6 +87,12 @@ TEST(LocaleItems, AreThoseOfTheEnvironmentAtTheMoment)
         EXPECT_EQ(items.DecimalSign(), ".");
         EXPECT_EQ(items.ShortDateFormat(), "MM/dd/yy");
         EXPECT_EQ(items.TimeFormat(), "HH:mm:ss");
+        EXPECT_EQ(items.DateSeparator(), "/");
+        EXPECT_EQ(items.TimeSeparator(), ":");
+        EXPECT_EQ(items.Century(), "0");
+        EXPECT_EQ(items.HourLeadingZero(), "1");
+        EXPECT_EQ(items.MonthLeadingZero(), "1");
+        EXPECT_EQ(items.DayLeadingZero(), "1");
         EXPECT_EQ(items.MorningSign(), "AM");
         EXPECT_EQ(items.AfternoonSign(), "PM");
         EXPECT_EQ(items.SystemLanguageName(), "English");

@@ -1,0 +1,101 @@
+#include "app/DesktopProgram.h"
+
+#include "app/LanguageOffset.h"
+#include "app/ProgramVersion.h"
+#include "app/QtText.h"
+#include "app/Startup.h"
+#include "app/ToolkitLanguage.h"
+#include "measure/SimulatedReading.h"
+
+#include <QApplication>
+#include <utility>
+
+namespace quorvane {
+
+using namespace std::chrono_literals;
+
+DesktopProgram::DesktopProgram(Platform platform)
+    : platform_(std::move(platform)),
+      table_(TableLanguageFor(platform_.locale->SystemLanguageName())),
+      texts_(table_, state_),
+      prompts_(texts_, [this] { return window_.get(); }),
+      log_(state_, *platform_.files, *platform_.codePage, *platform_.clock, *platform_.locale),
+      link_(state_, {*platform_.serial, *platform_.portNames, pump_, timer1_, prompts_, log_, texts_}),
+      settings_(state_, *platform_.files, *platform_.codePage, *platform_.clock, *platform_.locale,
+                kProgramVersion),
+      save_(state_, arrays_,
+            {*platform_.files, *platform_.codePage, *platform_.locale, *platform_.clock, prompts_, texts_,
+             kProgramVersion})
+{
+    UseProgramLanguage();
+    interruptTimer_.OnTick([this] { PassInterruptsOn(); });
+    interruptTimer_.SetInterval(200ms);
+}
+
+bool DesktopProgram::Start()
+{
+    const auto findFiles = [this] {
+        files_ = FindProgramFiles({EnvironmentText("QUORVANE_HOME"), ProgramFolder(), UserDataFolder()},
+                                  *platform_.folders, *platform_.files);
+        return files_;
+    };
+    const StartupResult result = Main(state_, {.instanceLock = *platform_.instanceLock,
+                                               .systemInfo = *platform_.systemInfo,
+                                               .locale = *platform_.locale,
+                                               .clock = *platform_.clock,
+                                               .files = *platform_.files,
+                                               .prompts = prompts_,
+                                               .texts = texts_,
+                                               .findFiles = findFiles,
+                                               .showMainWindow = [this] { ShowMainWindow(); }});
+    return result == StartupResult::Running;
+}
+
+int DesktopProgram::Run()
+{
+    interruptTimer_.Enable();
+    return QApplication::exec();
+}
+
+void DesktopProgram::ShowMainWindow()
+{
+    window_ = std::make_unique<FrmMenu>(state_, FrmMenu::Parts{.link = link_,
+                                                               .control = *platform_.serial,
+                                                               .pump = pump_,
+                                                               .timer1 = timer1_,
+                                                               .timer2 = timer2_,
+                                                               .timer3 = timer3_,
+                                                               .statusTimer = statusTimer_,
+                                                               .clock = *platform_.clock,
+                                                               .locale = *platform_.locale,
+                                                               .prompts = prompts_,
+                                                               .log = log_,
+                                                               .texts = texts_,
+                                                               .random = MakeRandomSource(),
+                                                               .saveCommand = save_,
+                                                               .settings = settings_,
+                                                               .arrays = arrays_});
+    window_->Load();
+    UseProgramLanguage(); // the language choice is known by now
+    if (const std::string notice = PlaceNotice(files_, texts_); !notice.empty()) {
+        window_->Announce(notice);
+        qInfo("%s", notice.c_str());
+    }
+    window_->show();
+}
+
+void DesktopProgram::UseProgramLanguage()
+{
+    UseToolkitLanguage(state_.LanguageOffset == 0 ? TableLanguageFor(platform_.locale->SystemLanguageName())
+                                                  : TableLanguage::English);
+}
+
+/// Ctrl-C in the terminal and the system's request to end are a click on the close button: a run is stopped,
+/// and unsaved readings are asked about.
+void DesktopProgram::PassInterruptsOn()
+{
+    for (; interruptsSeen_ < interrupts_.Count(); ++interruptsSeen_)
+        window_->close();
+}
+
+} // namespace quorvane

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/FrmMenu.h"
+#include "app/QtEventPump.h"
+#include "app/QtPrompts.h"
+#include "app/QtTickTimer.h"
+#include "app/Texts.h"
+#include "files/ProgramPlace.h"
+#include "files/SaveCommand.h"
+#include "files/SettingsFile.h"
+#include "measure/MeasurementArrays.h"
+#include "platform/InterruptWatch.h"
+#include "platform/Platform.h"
+#include "resources/StringTable.h"
+#include "serial/PortLink.h"
+#include "serial/SerialLog.h"
+
+#include <memory>
+
+namespace quorvane {
+
+/// The desktop program: makes the state, the system's parts, the link and the main window, in that order, and
+/// lets each know what it needs. Wants an application object of the toolkit.
+class DesktopProgram {
+public:
+    explicit DesktopProgram(Platform platform);
+
+    /// Start-up. @return false when another instance runs; the operator has been told
+    [[nodiscard]] bool Start();
+    /// Serves the operator until the main window is closed. @return the exit status
+    int Run();
+
+    [[nodiscard]] FrmMenu& Window() { return *window_; }
+    [[nodiscard]] QtPrompts& Boxes() { return prompts_; }
+
+private:
+    void ShowMainWindow();
+    void UseProgramLanguage();
+    void PassInterruptsOn();
+
+    Platform platform_;
+    ApplicationState state_;
+    MeasurementArrays arrays_;
+    StringTable table_;
+    Texts texts_;
+    QtEventPump pump_;
+    QtTickTimer timer1_;
+    QtTickTimer timer2_;
+    QtTickTimer timer3_;
+    QtTickTimer statusTimer_;
+    QtTickTimer interruptTimer_;
+    QtPrompts prompts_;
+    SerialLog log_;
+    PortLink link_;
+    SettingsFile settings_;
+    SaveCommand save_;
+    ProgramFiles files_;
+    std::unique_ptr<FrmMenu> window_;
+    InterruptWatch interrupts_;
+    int interruptsSeen_ = 0;
+};
+
+} // namespace quorvane
