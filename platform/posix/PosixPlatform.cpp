@@ -8,6 +8,7 @@
 #include "platform/posix/PosixPortNames.h"
 #include "platform/posix/PosixPortProbe.h"
 #include "platform/posix/PosixSerialControl.h"
+#include "platform/posix/PosixSystemInfo.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -65,6 +66,7 @@ Platform MakePlatform()
         .codePage = std::make_unique<PosixCodePage>(),
         .locale = std::make_unique<PosixLocaleItems>(),
         .clock = std::make_unique<PosixLocalClock>(),
+        .systemInfo = std::make_unique<PosixSystemInfo>(),
     };
 }
 

@@ -8,6 +8,7 @@
 #include "platform/windows/WindowsPortNames.h"
 #include "platform/windows/WindowsPortProbe.h"
 #include "platform/windows/WindowsSerialControl.h"
+#include "platform/windows/WindowsSystemInfo.h"
 
 #include <shellapi.h>
 #include <shlobj.h>
@@ -46,6 +47,7 @@ Platform MakePlatform()
         .codePage = std::make_unique<WindowsCodePage>(),
         .locale = std::make_unique<WindowsLocaleItems>(),
         .clock = std::make_unique<WindowsLocalClock>(),
+        .systemInfo = std::make_unique<WindowsSystemInfo>(),
     };
 }
 
