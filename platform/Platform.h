@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/InstanceLock.h"
 #include "app/LocalClock.h"
 #include "app/LocaleItems.h"
 #include "app/SystemInfo.h"
@@ -28,6 +29,7 @@ struct Platform {
     std::unique_ptr<LocaleItems> locale;
     std::unique_ptr<LocalClock> clock;
     std::unique_ptr<SystemInfo> systemInfo;
+    std::unique_ptr<InstanceLock> instanceLock; ///< not taken before it is asked
 };
 
 /// Also sees to it that the standard streams are open, or the port could get the number of one, and that a

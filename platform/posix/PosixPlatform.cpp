@@ -3,6 +3,7 @@
 #include "platform/posix/PosixCodePage.h"
 #include "platform/posix/PosixFileStore.h"
 #include "platform/posix/PosixFolders.h"
+#include "platform/posix/PosixInstanceLock.h"
 #include "platform/posix/PosixLocalClock.h"
 #include "platform/posix/PosixLocaleItems.h"
 #include "platform/posix/PosixPortNames.h"
@@ -67,6 +68,7 @@ Platform MakePlatform()
         .locale = std::make_unique<PosixLocaleItems>(),
         .clock = std::make_unique<PosixLocalClock>(),
         .systemInfo = std::make_unique<PosixSystemInfo>(),
+        .instanceLock = std::make_unique<PosixInstanceLock>(),
     };
 }
 

@@ -3,6 +3,7 @@
 #include "platform/windows/WindowsCodePage.h"
 #include "platform/windows/WindowsFileStore.h"
 #include "platform/windows/WindowsFolders.h"
+#include "platform/windows/WindowsInstanceLock.h"
 #include "platform/windows/WindowsLocalClock.h"
 #include "platform/windows/WindowsLocaleItems.h"
 #include "platform/windows/WindowsPortNames.h"
@@ -48,6 +49,7 @@ Platform MakePlatform()
         .locale = std::make_unique<WindowsLocaleItems>(),
         .clock = std::make_unique<WindowsLocalClock>(),
         .systemInfo = std::make_unique<WindowsSystemInfo>(),
+        .instanceLock = std::make_unique<WindowsInstanceLock>(),
     };
 }
 
