@@ -19,6 +19,8 @@ struct Entry {
 
 constexpr Entry kEntries[] = {
     {101, "Quorvane Software", "Quorvane Software"},
+    {128, "OK", "OK"},
+    {129, "Cancel", "キャンセル"},
     {161, "Instrument Setting", "測定器設定"},
     {217, " is not used.", "は使用できません。"}, // stands behind the port's name
     {218, "RS232C ERROR.", "RS-232C 通信エラーが発生しました。"},
@@ -98,6 +100,15 @@ constexpr Entry kEntries[] = {
      "測定データはどこにも保存できませんでした。"},
     {kNothingTakenText, "No reading was taken; %1 was left as it is.",
      "測定データがないため、%1 は変更していません。"},
+
+    {kYesText, "&Yes", "はい(&Y)"},
+    {kNoText, "&No", "いいえ(&N)"},
+    {kSaveAsText, "Save as", "名前を付けて保存"},
+    {kLookInText, "Look in:", "場所:"},
+    {kFileNameText, "File &name:", "ファイル名(&N):"},
+    {kFilesOfTypeText, "Files of &type:", "ファイルの種類(&T):"},
+    {kSaveText, "&Save", "保存(&S)"},
+    {kReplaceFileText, "%1 already exists. Replace it?", "%1 は既に存在します。上書きしますか？"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
