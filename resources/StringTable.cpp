@@ -19,6 +19,8 @@ struct Entry {
 
 constexpr Entry kEntries[] = {
     {101, "Quorvane Software", "Quorvane Software"},
+    {128, "OK", "OK"},
+    {129, "Cancel", "キャンセル"},
     {161, "Instrument Setting", "測定器設定"},
     {188, "Two or more startings cannot do this application.",
      "このアプリケーションは二重に起動できません。"},
@@ -103,6 +105,15 @@ constexpr Entry kEntries[] = {
      "測定データはどこにも保存できませんでした。"},
     {kNothingTakenText, "No reading was taken; %1 was left as it is.",
      "測定データがないため、%1 は変更していません。"},
+
+    {kYesText, "&Yes", "はい(&Y)"},
+    {kNoText, "&No", "いいえ(&N)"},
+    {kSaveAsText, "Save as", "名前を付けて保存"},
+    {kLookInText, "Look in:", "場所:"},
+    {kFileNameText, "File &name:", "ファイル名(&N):"},
+    {kFilesOfTypeText, "Files of &type:", "ファイルの種類(&T):"},
+    {kSaveText, "&Save", "保存(&S)"},
+    {kReplaceFileText, "%1 already exists. Replace it?", "%1 は既に存在します。上書きしますか？"},
 
     {kFileMenuText, "&File", "ファイル(&F)"},
     {kMeasureMenuText, "&Measure", "測定(&M)"},
