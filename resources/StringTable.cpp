@@ -111,7 +111,7 @@ constexpr Entry kEntries[] = {
     {kSaveAsText, "Save as", "名前を付けて保存"},
     {kLookInText, "Look in:", "場所:"},
     {kFileNameText, "File &name:", "ファイル名(&N):"},
-    {kFilesOfTypeText, "Files of &type:", "ファイルの種類(&T):"},
+    {kFilesOfTypeText, "Files of type:", "ファイルの種類:"},
     {kSaveText, "&Save", "保存(&S)"},
     {kReplaceFileText, "%1 already exists. Replace it?", "%1 は既に存在します。上書きしますか？"},
 

@@ -23,6 +23,6 @@ need_packages() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools)
+build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-translations-l10n fonts-noto-cjk)
 test_packages=("${build_packages[@]}" git clang-format-14 clang-tidy-14 libgtest-dev libgmock-dev libbenchmark-dev
     g++-mingw-w64-x86-64-posix)
