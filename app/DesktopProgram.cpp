@@ -18,7 +18,7 @@ DesktopProgram::DesktopProgram(Platform platform)
     : platform_(std::move(platform)),
       table_(TableLanguageFor(platform_.locale->SystemLanguageName())),
       texts_(table_, state_),
-      prompts_(texts_, [this] { return window_.get(); }),
+      prompts_(texts_),
       log_(state_, *platform_.files, *platform_.codePage, *platform_.clock, *platform_.locale),
       link_(state_, {*platform_.serial, *platform_.portNames, pump_, timer1_, prompts_, log_, texts_}),
       settings_(state_, *platform_.files, *platform_.codePage, *platform_.clock, *platform_.locale,
@@ -75,6 +75,7 @@ void DesktopProgram::ShowMainWindow()
                                                                .saveCommand = save_,
                                                                .settings = settings_,
                                                                .arrays = arrays_});
+    prompts_.SetParent(window_.get());
     window_->Load();
     UseProgramLanguage(); // the language choice is known by now
     if (const std::string notice = PlaceNotice(files_, texts_); !notice.empty()) {
@@ -86,8 +87,8 @@ void DesktopProgram::ShowMainWindow()
 
 void DesktopProgram::UseProgramLanguage()
 {
-    UseToolkitLanguage(state_.LanguageOffset == 0 ? TableLanguageFor(platform_.locale->SystemLanguageName())
-                                                  : TableLanguage::English);
+    const TableLanguage system = TableLanguageFor(platform_.locale->SystemLanguageName());
+    UseToolkitLanguage(*qApp, state_.LanguageOffset == 0 ? system : TableLanguage::English);
 }
 
 /// Ctrl-C in the terminal and the system's request to end are a click on the close button: a run is stopped,

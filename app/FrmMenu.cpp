@@ -193,7 +193,7 @@ void FrmMenu::SetCaptions()
     QStringList headings;
     for (const int id : {kTimeColumnText, kCountColumnText, kConcColumnText, kTwaColumnText, kStelColumnText,
                          kIntegratedCountColumnText, kIntegratedConcColumnText})
-        headings << text(id);
+        headings << text(id).replace(QStringLiteral(" ["), QStringLiteral("\n[")); // the unit below
     table_->SetHeadings(headings);
 }
 

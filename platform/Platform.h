@@ -1,7 +1,9 @@
 #pragma once
 
+#include "app/InstanceLock.h"
 #include "app/LocalClock.h"
 #include "app/LocaleItems.h"
+#include "app/SystemInfo.h"
 #include "files/CodePage.h"
 #include "files/FileStore.h"
 #include "files/Folders.h"
@@ -26,6 +28,8 @@ struct Platform {
     std::unique_ptr<CodePage> codePage;
     std::unique_ptr<LocaleItems> locale;
     std::unique_ptr<LocalClock> clock;
+    std::unique_ptr<SystemInfo> systemInfo;
+    std::unique_ptr<InstanceLock> instanceLock; ///< not taken before it is asked
 };
 
 /// Also sees to it that the standard streams are open, or the port could get the number of one, and that a

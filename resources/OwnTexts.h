@@ -34,6 +34,16 @@ enum OwnText : int {
     kNotRescuedText = 1030,
     kNothingTakenText = 1031, ///< %1: a file's path
 
+    // Buttons of message boxes, and the save dialog.
+    kYesText = 1041,
+    kNoText = 1042,
+    kSaveAsText = 1043,
+    kLookInText = 1044,
+    kFileNameText = 1045,
+    kFilesOfTypeText = 1046,
+    kSaveText = 1047,
+    kReplaceFileText = 1048, ///< %1: a file's name
+
     // The main window: menus and buttons.
     kFileMenuText = 1061,
     kMeasureMenuText = 1062,

@@ -19,6 +19,8 @@ struct Entry {
 
 constexpr Entry kEntries[] = {
     {101, "Quorvane Software", "Quorvane Software"},
+    {128, "OK", "OK"},
+    {129, "Cancel", "キャンセル"},
     {161, "Instrument Setting", "測定器設定"},
     {188, "Two or more startings cannot do this application.",
      "このアプリケーションは二重に起動できません。"},
@@ -104,6 +106,15 @@ constexpr Entry kEntries[] = {
     {kNothingTakenText, "No reading was taken; %1 was left as it is.",
      "測定データがないため、%1 は変更していません。"},
 
+    {kYesText, "&Yes", "はい(&Y)"},
+    {kNoText, "&No", "いいえ(&N)"},
+    {kSaveAsText, "Save as", "名前を付けて保存"},
+    {kLookInText, "Look in:", "場所:"},
+    {kFileNameText, "File &name:", "ファイル名(&N):"},
+    {kFilesOfTypeText, "Files of type:", "ファイルの種類:"},
+    {kSaveText, "&Save", "保存(&S)"},
+    {kReplaceFileText, "%1 already exists. Replace it?", "%1 は既に存在します。上書きしますか？"},
+
     {kFileMenuText, "&File", "ファイル(&F)"},
     {kMeasureMenuText, "&Measure", "測定(&M)"},
     {kSaveCommandText, "&Save...", "保存(&S)..."},
@@ -117,12 +128,12 @@ constexpr Entry kEntries[] = {
      "0.001～10 mg/m3。測定中は変更できません"},
 
     {kTimeColumnText, "Time", "時刻"},
-    {kCountColumnText, "Relative\n[CPM]", "相対濃度\n[CPM]"},
-    {kConcColumnText, "Concentration\n[mg/m3]", "質量濃度\n[mg/m3]"},
-    {kTwaColumnText, "TWA\n[mg/m3]", "TWA\n[mg/m3]"},
-    {kStelColumnText, "STEL\n[mg/m3]", "STEL\n[mg/m3]"},
-    {kIntegratedCountColumnText, "Relative, integrated\n[CPM]", "相対濃度積算値\n[CPM]"},
-    {kIntegratedConcColumnText, "Mass, integrated\n[mg/m3]", "質量濃度積算値\n[mg/m3]"},
+    {kCountColumnText, "Relative [CPM]", "相対濃度 [CPM]"},
+    {kConcColumnText, "Concentration [mg/m3]", "質量濃度 [mg/m3]"},
+    {kTwaColumnText, "TWA [mg/m3]", "TWA [mg/m3]"},
+    {kStelColumnText, "STEL [mg/m3]", "STEL [mg/m3]"},
+    {kIntegratedCountColumnText, "Relative, integrated [CPM]", "相対濃度積算値 [CPM]"},
+    {kIntegratedConcColumnText, "Mass, integrated [mg/m3]", "質量濃度積算値 [mg/m3]"},
     {kLampLitText, "ALARM", "警報"},
     {kLampUnlitText, "No alarm", "警報なし"},
     {kTableText, "Readings", "測定値"},

@@ -23,9 +23,8 @@ need_packages() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools)
+build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-translations-l10n fonts-noto-cjk)
 wayland_packages=(qt6-wayland) # where there is no X server beside it
-japanese_packages=(fonts-noto-cjk)
-desktop_check_packages=(xvfb xdotool imagemagick "${japanese_packages[@]}")
+desktop_check_packages=(xvfb xdotool imagemagick fonts-noto-cjk)
 test_packages=("${build_packages[@]}" git clang-format-14 clang-tidy-14 libgtest-dev libgmock-dev libbenchmark-dev
     g++-mingw-w64-x86-64-posix "${desktop_check_packages[@]}")

@@ -3,11 +3,13 @@
 #include "platform/posix/PosixCodePage.h"
 #include "platform/posix/PosixFileStore.h"
 #include "platform/posix/PosixFolders.h"
+#include "platform/posix/PosixInstanceLock.h"
 #include "platform/posix/PosixLocalClock.h"
 #include "platform/posix/PosixLocaleItems.h"
 #include "platform/posix/PosixPortNames.h"
 #include "platform/posix/PosixPortProbe.h"
 #include "platform/posix/PosixSerialControl.h"
+#include "platform/posix/PosixSystemInfo.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -65,6 +67,8 @@ Platform MakePlatform()
         .codePage = std::make_unique<PosixCodePage>(),
         .locale = std::make_unique<PosixLocaleItems>(),
         .clock = std::make_unique<PosixLocalClock>(),
+        .systemInfo = std::make_unique<PosixSystemInfo>(),
+        .instanceLock = std::make_unique<PosixInstanceLock>(),
     };
 }
 

@@ -3,11 +3,13 @@
 #include "platform/windows/WindowsCodePage.h"
 #include "platform/windows/WindowsFileStore.h"
 #include "platform/windows/WindowsFolders.h"
+#include "platform/windows/WindowsInstanceLock.h"
 #include "platform/windows/WindowsLocalClock.h"
 #include "platform/windows/WindowsLocaleItems.h"
 #include "platform/windows/WindowsPortNames.h"
 #include "platform/windows/WindowsPortProbe.h"
 #include "platform/windows/WindowsSerialControl.h"
+#include "platform/windows/WindowsSystemInfo.h"
 
 #include <shellapi.h>
 #include <shlobj.h>
@@ -46,6 +48,8 @@ Platform MakePlatform()
         .codePage = std::make_unique<WindowsCodePage>(),
         .locale = std::make_unique<WindowsLocaleItems>(),
         .clock = std::make_unique<WindowsLocalClock>(),
+        .systemInfo = std::make_unique<WindowsSystemInfo>(),
+        .instanceLock = std::make_unique<WindowsInstanceLock>(),
     };
 }
 

@@ -23,6 +23,7 @@ TEST(LanguageFile, TheLastLineWithTheExactKeyCounts)
         {"many blanks", "Language =    1\r\n", 1},
         {"no line end", "Language = 1", 1},
         {"LF alone", "# choice\nLanguage = 1\nOther = 2\n", 1},
+        {"CR alone", "x = 2\rLanguage = 1\r", 1},
         {"a later line overrides", "Language = 1\r\nLanguage = 0\r\n", 0},
         {"a mode nobody knows yet", "Language = 2\r\n", 2},
         {"negative", "Language = -1\r\n", -1},

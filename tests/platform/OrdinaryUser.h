@@ -6,11 +6,13 @@
 
 namespace quorvane {
 
+constexpr unsigned kOrdinaryUser = 65534;
+
 /// Root may do everything; it acts as an ordinary user here.
 inline void AsOrdinaryUser(const std::function<void()>& act)
 {
     const bool isRoot = ::geteuid() == 0;
-    EXPECT_TRUE(!isRoot || ::seteuid(65534) == 0);
+    EXPECT_TRUE(!isRoot || ::seteuid(kOrdinaryUser) == 0);
     act();
     EXPECT_TRUE(!isRoot || ::seteuid(0) == 0);
 }

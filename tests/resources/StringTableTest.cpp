@@ -40,7 +40,8 @@ TEST(StringTable, EveryTextIsInEnglishAgainTenThousandAboveWhateverTheLanguage)
 
 TEST(StringTable, JapaneseTextsAreTranslatedAndComplete)
 {
-    const std::set<int> sameInBoth = {101, 249, 280, 281, 282}; // the product's name; "PM"; limits
+    const std::set<int> sameInBoth = {
+        101, 128, 249, 280, 281, 282, kTwaColumnText, kStelColumnText}; // product, OK, PM, symbols
     for (const int id : KnownNumbers()) {
         const std::string english = kEnglish.Text(id, 0);
         const std::string japanese = kJapanese.Text(id, 0);

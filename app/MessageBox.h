@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/Prompts.h"
+#include "app/Texts.h"
+
+class QWidget;
+
+namespace quorvane {
+
+/// How a question may be left without one of its buttons.
+enum class WayOut {
+    None,       ///< not at all: Escape and the close box do nothing; Enter answers Yes
+    EscapeIsNo, ///< Escape and the close box answer No, and so does Enter
+};
+
+/// Shows `message` in front of `parent` (or of everything, without one), its buttons in the program's
+/// language, and serves events until it is answered. The text is shown as it is, never read as markup. A
+/// message with one button is closed by Escape, Enter and the close box as well.
+/// @return the answer; when the box was destroyed unanswered, what Enter would have answered
+Answer ShowMessageBox(const Message& message, const Texts& texts, QWidget* parent,
+                      WayOut wayOut = WayOut::None);
+
+} // namespace quorvane

@@ -1,0 +1,17 @@
+#include "app/ModalDialog.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+
+namespace quorvane {
+
+bool RunModally(const QPointer<QDialog>& dialog)
+{
+    dialog->setModal(true);
+    dialog->exec();
+    while (dialog && dialog->isVisible())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return !dialog.isNull();
+}
+
+} // namespace quorvane

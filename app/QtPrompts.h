@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/Prompts.h"
+#include "app/Texts.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace quorvane {
+
+/// Questions and messages as windows of the toolkit. A box that comes up while another one is open stands in
+/// front of that one.
+class QtPrompts final : public Prompts {
+public:
+    explicit QtPrompts(const Texts& texts) : texts_(texts) {}
+
+    /// The window that boxes belong to; may end before this object. None before the first call.
+    void SetParent(QWidget* window) { window_ = window; }
+
+    /// A question cannot be left without an answer: Escape and the close box do nothing to it.
+    Answer Show(const Message& message) override;
+    [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
+
+    /// How many boxes and dialogs of this object are open.
+    [[nodiscard]] int Open() const { return open_; }
+
+private:
+    [[nodiscard]] QWidget* Parent() const;
+
+    const Texts& texts_;
+    QPointer<QWidget> window_;
+    int open_ = 0;
+};
+
+} // namespace quorvane

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "app/SystemInfo.h"
+
+namespace quorvane {
+
+/// The machine as the Linux kernel describes it. There is no version record: Linux is none of the systems
+/// whose versions are classified.
+class PosixSystemInfo final : public SystemInfo {
+public:
+    [[nodiscard]] std::optional<BasicVersion> Version() const override { return std::nullopt; }
+    [[nodiscard]] std::optional<ExtendedVersion> VersionWithProduct() const override { return std::nullopt; }
+    [[nodiscard]] std::vector<ProcessorRecord> Processors() const override;
+};
+
+} // namespace quorvane
