@@ -1,5 +1,6 @@
 #include "app/DesktopProgram.h"
 
+#include "app/ExitStatus.h"
 #include "app/LanguageOffset.h"
 #include "app/ProgramVersion.h"
 #include "app/QtText.h"
@@ -27,6 +28,8 @@ DesktopProgram::DesktopProgram(Platform platform)
             {*platform_.files, *platform_.codePage, *platform_.locale, *platform_.clock, prompts_, texts_,
              kProgramVersion})
 {
+    QApplication::setQuitOnLastWindowClosed(
+        false); // the main window decides; a box at start-up is not the last
     UseProgramLanguage();
     interruptTimer_.OnTick([this] { PassInterruptsOn(); });
     interruptTimer_.SetInterval(200ms);
@@ -74,7 +77,8 @@ void DesktopProgram::ShowMainWindow()
                                                                .random = MakeRandomSource(),
                                                                .saveCommand = save_,
                                                                .settings = settings_,
-                                                               .arrays = arrays_});
+                                                               .arrays = arrays_,
+                                                               .closed = [this] { End(); }});
     prompts_.SetParent(window_.get());
     window_->Load();
     UseProgramLanguage(); // the language choice is known by now
@@ -83,6 +87,13 @@ void DesktopProgram::ShowMainWindow()
         qInfo("%s", notice.c_str());
     }
     window_->show();
+}
+
+/// Whatever still waits ends, and so do all windows with the program.
+void DesktopProgram::End()
+{
+    pump_.Close();
+    QApplication::exit(kExitDone);
 }
 
 void DesktopProgram::UseProgramLanguage()

@@ -36,6 +36,7 @@ public:
 
 private:
     void ShowMainWindow();
+    void End();
     void UseProgramLanguage();
     void PassInterruptsOn();
 

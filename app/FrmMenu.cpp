@@ -75,6 +75,10 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
             .save = [this] { Save(); },
             .observer = *this})
 {
+    QIcon icon;
+    for (const char* size : {"16", "32", "48", "256"})
+        icon.addFile(QStringLiteral(":/pictures/quorvane-%1.png").arg(QLatin1String(size)));
+    setWindowIcon(icon);
     ui_->vaSpread1->setModel(table_);
     ui_->Image1->SetPicture(QStringLiteral(":/pictures/lamp-twa-lit.png"));
     ui_->Image2->SetPicture(QStringLiteral(":/pictures/lamp-stel-lit.png"));
@@ -286,8 +290,10 @@ void FrmMenu::closeEvent(QCloseEvent* event)
     const bool mayClose = MayClose();
     closeWanted_ = false; // answered with this one, whichever way
     event->setAccepted(mayClose);
-    if (mayClose)
-        parts_.settings.SaveSettings();
+    if (!mayClose)
+        return;
+    parts_.settings.SaveSettings();
+    parts_.closed();
 }
 
 /// A run stops as by the stop button, with its stop exchange; the close comes back when it has ended.

@@ -9,6 +9,7 @@
 #include "measure/ReadingPanel.h"
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 
 namespace Ui {
@@ -38,6 +39,7 @@ public:
         SaveCommand& saveCommand;
         SettingsFile& settings;
         MeasurementArrays& arrays;
+        std::function<void()> closed; ///< the window has closed, and the program is to end
     };
     FrmMenu(ApplicationState& state, Parts parts);
     ~FrmMenu() override;

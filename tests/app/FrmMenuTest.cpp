@@ -277,6 +277,7 @@ TEST_F(FrmMenuTest, ClosesOnlyWhenNothingIsLostAgainstTheOperatorsWill)
         files.files.erase("app/Quorvane.ini");
         EXPECT_EQ(window->close(), row.closes);
         EXPECT_EQ(window->isVisible(), !row.closes);
+        EXPECT_EQ(std::exchange(closed, 0), row.closes ? 1 : 0);
         EXPECT_EQ(files.files.contains("app/Quorvane.ini"), row.closes);
         EXPECT_EQ(prompts.messages.empty(), !row.data);
         files.replaceFault.reset();

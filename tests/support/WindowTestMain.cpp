@@ -16,8 +16,6 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext& context, const QStr
     if (text.startsWith(kPlatformsLimits))
         return;
     const QByteArray line = text.toUtf8();
-    if (line.contains("propagateSizeHints")) // of the offscreen platform, for every window shown
-        return;
     if (type == QtDebugMsg || type == QtInfoMsg)
         std::fprintf(stderr, "%s\n", line.constData());
     else

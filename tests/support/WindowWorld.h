@@ -49,7 +49,8 @@ struct WindowWorld : InstrumentWorld {
                                                                  .random = [] { return 0.5; },
                                                                  .saveCommand = save,
                                                                  .settings = settings,
-                                                                 .arrays = arrays});
+                                                                 .arrays = arrays,
+                                                                 .closed = [this] { ++closed; }});
         window->Load();
         window->show();
         window->activateWindow();
@@ -84,6 +85,7 @@ struct WindowWorld : InstrumentWorld {
 
     [[nodiscard]] std::string Caption() const { return Find<QPushButton>("Command1")->text().toStdString(); }
     std::function<void(long)> onPump;
+    int closed = 0;
     WorldTimer timer2{world};
     WorldTimer timer3{world};
     WorldTimer statusTimer{world};
