@@ -151,11 +151,18 @@ void FrmMenu::SetShortcuts()
     ui_->MenuMeasureStart->setShortcut(QKeySequence(Qt::Key_F5));
     ui_->MenuMeasureEnd->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F5));
     ui_->MenuAlarmReset->setShortcut(QKeySequence(Qt::Key_F8));
+    for (QAction* action :
+         {ui_->MenuMeasureStart, ui_->MenuMeasureEnd}) // a key held down is one press; a second
+        action->setAutoRepeat(false);                  // stop would give the stop exchange up
+    ui_->Command1->installEventFilter(this);
 }
 
 void FrmMenu::SetCaptions()
 {
     const auto text = [this](int id) { return Shown(parts_.texts[id]); };
+    const auto unitBelow = [&](int id) {
+        return text(id).replace(QStringLiteral(" ["), QStringLiteral("\n["));
+    };
     setWindowTitle(text(kTitleText) + QStringLiteral("[*]"));
     ui_->MenuFile->setTitle(text(kFileMenuText));
     ui_->MenuMeasure->setTitle(text(kMeasureMenuText));
@@ -189,7 +196,7 @@ void FrmMenu::SetCaptions()
     for (const ExposureRow& row : rows) {
         row.lamp->SetTexts(text(row.nameId), text(kLampLitText), text(kLampUnlitText));
         row.name->setText(text(row.nameId) + QLatin1Char('\n') + text(row.meaningId));
-        row.limitLabel->setText(text(row.limitId));
+        row.limitLabel->setText(unitBelow(row.limitId));
         row.limit->setAccessibleName(text(row.limitId));
         row.limit->setToolTip(text(kLimitTipText));
     }
@@ -197,7 +204,7 @@ void FrmMenu::SetCaptions()
     QStringList headings;
     for (const int id : {kTimeColumnText, kCountColumnText, kConcColumnText, kTwaColumnText, kStelColumnText,
                          kIntegratedCountColumnText, kIntegratedConcColumnText})
-        headings << text(id).replace(QStringLiteral(" ["), QStringLiteral("\n[")); // the unit below
+        headings << unitBelow(id);
     table_->SetHeadings(headings);
 }
 
@@ -231,6 +238,14 @@ void FrmMenu::UpdateStatus()
     if (closeWanted_)
         text.state = parts_.texts[kClosingText];
     status_.Show(text);
+}
+
+/// A double click on the start/stop button is one click: its second half would stop what the first has
+/// started.
+bool FrmMenu::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool secondHalf = watched == ui_->Command1 && event->type() == QEvent::MouseButtonDblClick;
+    return secondHalf || QMainWindow::eventFilter(watched, event);
 }
 
 // ---- commands -------------------------------------------------------------------------------------------

@@ -17,6 +17,9 @@ LimitBox::LimitBox(QWidget* parent) : QLineEdit(parent)
 {
     setMaxLength(16);
     setAlignment(Qt::AlignRight);
+    QPalette colours = palette(); // a limit is read during a measurement, too, when it cannot be changed
+    colours.setColor(QPalette::Disabled, QPalette::Text, colours.color(QPalette::Active, QPalette::Text));
+    setPalette(colours);
 }
 
 void LimitBox::focusInEvent(QFocusEvent* event)

@@ -190,6 +190,25 @@ TEST_F(FrmMenuTest, StopsByButtonMenuAndShortcut)
     }
 }
 
+TEST_F(FrmMenuTest, ADoubleClickIsOneClick)
+{
+    Open();
+    GiveLines(3);
+    auto* const button = Find<QPushButton>("Command1");
+    onPump = [&](long pump) {
+        if (pump != 1)
+            return;
+        // What the system sends behind the first press and release, which have started the run.
+        for (const QEvent::Type type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::LeftButton,
+                              Qt::NoModifier);
+            QApplication::sendEvent(button, &event);
+        }
+    };
+    Click("Command1");
+    EXPECT_EQ(Rows(), 3);
+}
+
 TEST_F(FrmMenuTest, ARunThatCannotStartTakesNothingAway)
 {
     Open();
