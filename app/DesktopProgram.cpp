@@ -7,13 +7,18 @@
 #include "app/Startup.h"
 #include "app/ToolkitLanguage.h"
 #include "measure/SimulatedReading.h"
+#include "platform/InterruptWatch.h"
 
 #include <QApplication>
 #include <utility>
 
 namespace quorvane {
 
-using namespace std::chrono_literals;
+namespace {
+
+constexpr std::chrono::milliseconds kInterruptPace{200};
+
+} // namespace
 
 DesktopProgram::DesktopProgram(Platform platform)
     : platform_(std::move(platform)),
@@ -31,8 +36,6 @@ DesktopProgram::DesktopProgram(Platform platform)
     QApplication::setQuitOnLastWindowClosed(
         false); // the main window decides; a box at start-up is not the last
     UseProgramLanguage();
-    interruptTimer_.OnTick([this] { PassInterruptsOn(); });
-    interruptTimer_.SetInterval(200ms);
 }
 
 bool DesktopProgram::Start()
@@ -54,27 +57,37 @@ bool DesktopProgram::Start()
     return result == StartupResult::Running;
 }
 
+/// Ctrl-C in the terminal and the system's request to end are a click on the close button: a run is stopped,
+/// and unsaved readings are asked about.
 int DesktopProgram::Run()
 {
+    const InterruptWatch
+        interrupts; // before this a request to end ends the program, which has nothing to lose
+    int seen = 0;
+    interruptTimer_.OnTick([&] {
+        for (; seen < interrupts.Count(); ++seen)
+            window_->close();
+    });
+    interruptTimer_.SetInterval(kInterruptPace);
     interruptTimer_.Enable();
     return QApplication::exec();
 }
 
 void DesktopProgram::ShowMainWindow()
 {
-    window_ = std::make_unique<FrmMenu>(state_, FrmMenu::Parts{.link = link_,
-                                                               .control = *platform_.serial,
-                                                               .pump = pump_,
-                                                               .timer1 = timer1_,
-                                                               .timer2 = timer2_,
-                                                               .timer3 = timer3_,
+    window_ = std::make_unique<FrmMenu>(state_, FrmMenu::Parts{.run = {.link = link_,
+                                                                       .control = *platform_.serial,
+                                                                       .pump = pump_,
+                                                                       .timer1 = timer1_,
+                                                                       .timer2 = timer2_,
+                                                                       .timer3 = timer3_,
+                                                                       .clock = *platform_.clock,
+                                                                       .prompts = prompts_,
+                                                                       .log = log_,
+                                                                       .texts = texts_,
+                                                                       .random = MakeRandomSource()},
                                                                .statusTimer = statusTimer_,
-                                                               .clock = *platform_.clock,
                                                                .locale = *platform_.locale,
-                                                               .prompts = prompts_,
-                                                               .log = log_,
-                                                               .texts = texts_,
-                                                               .random = MakeRandomSource(),
                                                                .saveCommand = save_,
                                                                .settings = settings_,
                                                                .arrays = arrays_,
@@ -100,14 +113,6 @@ void DesktopProgram::UseProgramLanguage()
 {
     const TableLanguage system = TableLanguageFor(platform_.locale->SystemLanguageName());
     UseToolkitLanguage(*qApp, state_.LanguageOffset == 0 ? system : TableLanguage::English);
-}
-
-/// Ctrl-C in the terminal and the system's request to end are a click on the close button: a run is stopped,
-/// and unsaved readings are asked about.
-void DesktopProgram::PassInterruptsOn()
-{
-    for (; interruptsSeen_ < interrupts_.Count(); ++interruptsSeen_)
-        window_->close();
 }
 
 } // namespace quorvane

@@ -10,7 +10,6 @@
 #include "files/SaveCommand.h"
 #include "files/SettingsFile.h"
 #include "measure/MeasurementArrays.h"
-#include "platform/InterruptWatch.h"
 #include "platform/Platform.h"
 #include "resources/StringTable.h"
 #include "serial/PortLink.h"
@@ -28,17 +27,16 @@ public:
 
     /// Start-up. @return false when another instance runs; the operator has been told
     [[nodiscard]] bool Start();
-    /// Serves the operator until the main window is closed. @return the exit status
+    /// After a successful start: serves the operator until the main window is closed. @return the exit status
     int Run();
 
+    /// There after a successful start.
     [[nodiscard]] FrmMenu& Window() { return *window_; }
-    [[nodiscard]] QtPrompts& Boxes() { return prompts_; }
 
 private:
     void ShowMainWindow();
     void End();
     void UseProgramLanguage();
-    void PassInterruptsOn();
 
     Platform platform_;
     ApplicationState state_;
@@ -58,8 +56,6 @@ private:
     SaveCommand save_;
     ProgramFiles files_;
     std::unique_ptr<FrmMenu> window_;
-    InterruptWatch interrupts_;
-    int interruptsSeen_ = 0;
 };
 
 } // namespace quorvane

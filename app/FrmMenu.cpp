@@ -31,10 +31,11 @@ constexpr std::chrono::milliseconds kStatusPace{250};
 /// question is on the screen, is put off until the command is over.
 class FrmMenu::Command {
 public:
-    explicit Command(FrmMenu& window) : window_(window) { window_.busy_ = true; }
+    explicit Command(FrmMenu& window) : window_(window) { ++window_.commands_; }
     ~Command()
     {
-        window_.busy_ = false;
+        if (--window_.commands_ > 0)
+            return;
         if (std::exchange(window_.closeWanted_, false))
             QMetaObject::invokeMethod(&window_, &QWidget::close, Qt::QueuedConnection);
         window_.UpdateCommands();
@@ -57,32 +58,21 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
           return ui;
       }()),
       table_(new LiveTableModel(parts_.arrays, this)),
-      limits_(state, {ui_->Text1, ui_->Text2, ui_->Text3}, parts_.locale, parts_.prompts, parts_.texts),
+      exposure_({{{ui_->Image1, ui_->LampName1, ui_->TwaNow, ui_->Label1, ui_->Text1},
+                  {ui_->Image2, ui_->LampName2, ui_->StelNow, ui_->Label2, ui_->Text2},
+                  {ui_->Image3, ui_->LampName3, ui_->ConcNow, ui_->Label3, ui_->Text3}}}),
+      limits_(state, {ui_->Text1, ui_->Text2, ui_->Text3}, parts_.locale, parts_.run.texts,
+              [this](const Message& message) { Ask(message); }),
       readings_({ui_->CountNow, ui_->ConcNow, ui_->TwaNow, ui_->StelNow}),
       status_(*ui_->StatusBar),
-      run_(state, parts_.arrays,
-           {.link = parts_.link,
-            .control = parts_.control,
-            .pump = parts_.pump,
-            .timer1 = parts_.timer1,
-            .timer2 = parts_.timer2,
-            .timer3 = parts_.timer3,
-            .clock = parts_.clock,
-            .prompts = parts_.prompts,
-            .log = parts_.log,
-            .texts = parts_.texts,
-            .random = parts_.random,
-            .save = [this] { Save(); },
-            .observer = *this})
+      run_(
+          state, parts_.arrays, parts_.run, [this] { Save(); }, *this)
 {
     QIcon icon;
     for (const char* size : {"16", "32", "48", "256"})
         icon.addFile(QStringLiteral(":/pictures/quorvane-%1.png").arg(QLatin1String(size)));
     setWindowIcon(icon);
     ui_->vaSpread1->setModel(table_);
-    ui_->Image1->SetPicture(QStringLiteral(":/pictures/lamp-twa-lit.png"));
-    ui_->Image2->SetPicture(QStringLiteral(":/pictures/lamp-stel-lit.png"));
-    ui_->Image3->SetPicture(QStringLiteral(":/pictures/lamp-ceiling-lit.png"));
     ui_->Command2->setIcon(ui_->MenuAlarmReset->icon());
     SetFonts();
     SetShortcuts();
@@ -159,10 +149,7 @@ void FrmMenu::SetShortcuts()
 
 void FrmMenu::SetCaptions()
 {
-    const auto text = [this](int id) { return Shown(parts_.texts[id]); };
-    const auto unitBelow = [&](int id) {
-        return text(id).replace(QStringLiteral(" ["), QStringLiteral("\n["));
-    };
+    const auto text = [this](int id) { return Shown(parts_.run.texts[id]); };
     setWindowTitle(text(kTitleText) + QStringLiteral("[*]"));
     ui_->MenuFile->setTitle(text(kFileMenuText));
     ui_->MenuMeasure->setTitle(text(kMeasureMenuText));
@@ -179,32 +166,13 @@ void FrmMenu::SetCaptions()
     ui_->vaSpread1->setAccessibleName(text(kTableText));
     ui_->vaSpread1->SetCopyText(text(kCopyCommandText));
 
-    struct ExposureRow {
-        LampView* lamp;
-        QLabel* name;
-        int nameId;
-        int meaningId;
-        QLabel* limitLabel;
-        int limitId;
-        LimitBox* limit;
-    };
-    const ExposureRow rows[] = {
-        {ui_->Image1, ui_->LampName1, 280, kTwaMeaningText, ui_->Label1, 296, ui_->Text1},
-        {ui_->Image2, ui_->LampName2, 281, kStelMeaningText, ui_->Label2, 295, ui_->Text2},
-        {ui_->Image3, ui_->LampName3, 282, kConcMeaningText, ui_->Label3, 294, ui_->Text3},
-    };
-    for (const ExposureRow& row : rows) {
-        row.lamp->SetTexts(text(row.nameId), text(kLampLitText), text(kLampUnlitText));
-        row.name->setText(text(row.nameId) + QLatin1Char('\n') + text(row.meaningId));
-        row.limitLabel->setText(unitBelow(row.limitId));
-        row.limit->setAccessibleName(text(row.limitId));
-        row.limit->setToolTip(text(kLimitTipText));
-    }
+    ui_->CountNow->setAccessibleName(text(kCountMeaningText));
+    exposure_.SetCaptions(parts_.run.texts);
 
     QStringList headings;
     for (const int id : {kTimeColumnText, kCountColumnText, kConcColumnText, kTwaColumnText, kStelColumnText,
                          kIntegratedCountColumnText, kIntegratedConcColumnText})
-        headings << unitBelow(id);
+        headings << UnitBelow(text(id));
     table_->SetHeadings(headings);
 }
 
@@ -221,7 +189,7 @@ void FrmMenu::UpdateCommands()
     if (state == RunState::Preparing)
         button1HadFocus_ = ui_->Command1->hasFocus();
     ui_->Command1->setEnabled(enabled.command1);
-    ui_->Command1->setText(Shown(parts_.texts[run_.Command1CaptionId()]));
+    ui_->Command1->setText(Shown(parts_.run.texts[run_.Command1CaptionId()]));
     ui_->Command1->setIcon(enabled.measureEnd ? ui_->MenuMeasureEnd->icon() : ui_->MenuMeasureStart->icon());
     ui_->MenuMeasureStart->setEnabled(enabled.measureStart);
     ui_->MenuMeasureEnd->setEnabled(enabled.measureEnd);
@@ -234,9 +202,9 @@ void FrmMenu::UpdateCommands()
 
 void FrmMenu::UpdateStatus()
 {
-    RunStatusText text = StatusText(state_, run_.State(), run_.Status(), parts_.texts);
+    RunStatusText text = StatusText(state_, run_.State(), run_.Status(), parts_.run.texts);
     if (closeWanted_)
-        text.state = parts_.texts[kClosingText];
+        text.state = parts_.run.texts[kClosingText];
     status_.Show(text);
 }
 
@@ -256,7 +224,7 @@ void FrmMenu::Command1Click()
         run_.Stop();
         return;
     }
-    if (busy_ || !limits_.Validate())
+    if (Busy() || !limits_.Validate())
         return;
     // The run serves events until it ends; it must not do so inside the menu's or the button's own handler.
     QMetaObject::invokeMethod(
@@ -265,7 +233,7 @@ void FrmMenu::Command1Click()
 
 void FrmMenu::StartMeasurement()
 {
-    if (busy_)
+    if (Busy())
         return;
     const Command command(*this);
     if (run_.Start() == RunResult::LimitsDisorder)
@@ -274,7 +242,7 @@ void FrmMenu::StartMeasurement()
 
 void FrmMenu::MenuSave()
 {
-    if (busy_)
+    if (Busy())
         return;
     const Command command(*this);
     Save();
@@ -296,7 +264,7 @@ void FrmMenu::Exit()
 
 void FrmMenu::closeEvent(QCloseEvent* event)
 {
-    if (busy_) {
+    if (Busy()) {
         PutCloseOff();
         event->ignore();
         return;
@@ -325,9 +293,16 @@ bool FrmMenu::MayClose()
 {
     if (state_.DataPresent != 1 || state_.DataSaved != 0)
         return true;
-    const Answer answer = parts_.prompts.Show(
-        {.text = parts_.texts[kUnsavedText], .icon = Icon::Critical, .buttons = Buttons::YesNo});
+    const Answer answer =
+        Ask({.text = parts_.run.texts[kUnsavedText], .icon = Icon::Critical, .buttons = Buttons::YesNo});
     return answer == Answer::No || Save() == SaveResult::Saved;
+}
+
+/// A message is a command, too: the window does not close behind it.
+Answer FrmMenu::Ask(const Message& message)
+{
+    const Command command(*this);
+    return parts_.run.prompts.Show(message);
 }
 
 // ---- what the run tells ---------------------------------------------------------------------------------
@@ -366,8 +341,7 @@ void FrmMenu::ShowReading(int sample)
 
 void FrmMenu::LampChanged(Lamp lamp, bool lit)
 {
-    LampView* const lamps[] = {ui_->Image1, ui_->Image2, ui_->Image3};
-    lamps[static_cast<std::size_t>(lamp)]->SetLit(lit);
+    exposure_.SetLit(lamp, lit);
     if (lit)
         QApplication::alert(this);
 }

@@ -3,6 +3,7 @@
 #include "app/StatusLine.h"
 #include "files/SaveCommand.h"
 #include "files/SettingsFile.h"
+#include "measure/ExposureRows.h"
 #include "measure/LimitInputs.h"
 #include "measure/LiveTableModel.h"
 #include "measure/MeasurementRun.h"
@@ -23,19 +24,9 @@ namespace quorvane {
 class FrmMenu final : public QMainWindow, private RunObserver {
 public:
     struct Parts {
-        PortLink& link;
-        SerialControl& control;
-        EventPump& pump;
-        TickTimer& timer1;      ///< counts seconds while an answer is awaited
-        TickTimer& timer2;      ///< paces the readings
-        TickTimer& timer3;      ///< takes one reading
+        RunServices run;
         TickTimer& statusTimer; ///< brings the status bar up to date
-        const LocalClock& clock;
         const LocaleItems& locale;
-        Prompts& prompts;
-        SerialLog& log;
-        const Texts& texts;
-        RandomSource random; ///< for simulated readings
         SaveCommand& saveCommand;
         SettingsFile& settings;
         MeasurementArrays& arrays;
@@ -74,6 +65,8 @@ private:
     void Exit();
     void PutCloseOff();
     [[nodiscard]] bool MayClose();
+    Answer Ask(const Message& message);
+    [[nodiscard]] bool Busy() const { return commands_ > 0; }
 
     void StateChanged(RunState state) override;
     void RunPrepared() override;
@@ -86,11 +79,12 @@ private:
     Parts parts_;
     std::unique_ptr<Ui::FrmMenu> ui_;
     LiveTableModel* table_;
+    ExposureRows exposure_;
     LimitInputs limits_;
     ReadingPanel readings_;
     StatusLine status_;
     MeasurementRun run_;
-    bool busy_ = false;        ///< a command is being carried out, perhaps with a question on the screen
+    int commands_ = 0;         ///< being carried out, perhaps with a question on the screen
     bool closeWanted_ = false; ///< the window was to be closed meanwhile
     bool button1HadFocus_ = false;
 };

@@ -18,4 +18,10 @@ namespace quorvane {
     return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
 
+/// "Concentration [mg/m3]" on two lines, the unit on the second.
+[[nodiscard]] inline QString UnitBelow(QString caption)
+{
+    return caption.replace(QStringLiteral(" ["), QStringLiteral("\n["));
+}
+
 } // namespace quorvane

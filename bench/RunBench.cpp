@@ -97,9 +97,11 @@ void PollingStep(benchmark::State& state)
         EndlessLines port;
         LeapPump pump;
         PortLink link(with.state, {port, with.names, pump, pump.timer1, with.prompts, with.log, with.texts});
-        MeasurementRun run(with.state, with.arrays,
-                           {link, port, pump, pump.timer1, pump.timer2, pump.timer3, with.world, with.prompts,
-                            with.log, with.texts, [] { return 0.0; }, [] {}, with.listener});
+        MeasurementRun run(
+            with.state, with.arrays,
+            {link, port, pump, pump.timer1, pump.timer2, pump.timer3, with.world, with.prompts, with.log,
+             with.texts, [] { return 0.0; }},
+            [] {}, with.listener);
         with.state.TotalSamples = kReadings;
         with.state.SamplingSeconds = static_cast<std::int16_t>(state.range(0));
         if (run.Start() != RunResult::Completed)

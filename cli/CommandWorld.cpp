@@ -2,6 +2,7 @@
 
 #include "app/LanguageOffset.h"
 #include "files/ProgramPlace.h"
+#include "options/LanguageFile.h"
 #include "serial/PortFaultText.h"
 
 namespace quorvane {
@@ -16,6 +17,10 @@ CommandWorld::CommandWorld(bool progress)
         FindProgramFiles({EnvironmentText("QUORVANE_HOME"), ProgramFolder(), UserDataFolder()},
                          *platform.folders, *platform.files);
     state.AppPath = files.folder;
+    state.SystemLanguageName = platform.locale->SystemLanguageName();
+    LoadLanguageMode(*platform.files, state.AppPath, state.LanguageMode);
+    state.LanguageOffset =
+        LanguageOffsetFor(state.LanguageMode, state.SystemLanguageName, state.LanguageOffset);
     if (const std::string notice = PlaceNotice(files, texts); !notice.empty())
         console.Say(notice);
 }

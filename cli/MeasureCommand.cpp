@@ -96,20 +96,20 @@ Measurement::Measurement(const MeasureOptions& options)
       save_(state_, arrays_,
             {*system_.files, *system_.codePage, *system_.locale, *system_.clock, prompts_, world_.texts,
              kProgramVersion}),
-      run_(state_, arrays_,
-           {.link = link_,
-            .control = *system_.serial,
-            .pump = pump_,
-            .timer1 = timer1_,
-            .timer2 = timer2_,
-            .timer3 = timer3_,
-            .clock = *system_.clock,
-            .prompts = prompts_,
-            .log = log_,
-            .texts = world_.texts,
-            .random = MakeRandomSource(options.randomSeed),
-            .save = [this] { save_.SaveMeasurement(); },
-            .observer = report_})
+      run_(
+          state_, arrays_,
+          {.link = link_,
+           .control = *system_.serial,
+           .pump = pump_,
+           .timer1 = timer1_,
+           .timer2 = timer2_,
+           .timer3 = timer3_,
+           .clock = *system_.clock,
+           .prompts = prompts_,
+           .log = log_,
+           .texts = world_.texts,
+           .random = MakeRandomSource(options.randomSeed)},
+          [this] { save_.SaveMeasurement(); }, report_)
 {
     watchTimer_.OnTick([this] { Watch(); });
     pump_.OnIdle([this] {

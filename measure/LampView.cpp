@@ -19,13 +19,13 @@ LampView::LampView(QWidget* parent) : QWidget(parent), picture_(new QLabel(this)
     row->addWidget(picture_);
     row->addWidget(word_, 1);
     picture_->setFixedSize(kLampSize, kLampSize);
-    Show();
+    Refresh();
 }
 
 void LampView::SetPicture(const QString& litPicture)
 {
     litPicture_ = litPicture;
-    Show();
+    Refresh();
 }
 
 void LampView::SetTexts(const QString& name, const QString& lit, const QString& unlit)
@@ -38,16 +38,16 @@ void LampView::SetTexts(const QString& name, const QString& lit, const QString& 
     const QFontMetrics metrics(bold);
     // The widest word decides, or the window would twitch when a lamp lights.
     word_->setMinimumWidth(std::max(metrics.horizontalAdvance(lit), metrics.horizontalAdvance(unlit)));
-    Show();
+    Refresh();
 }
 
 void LampView::SetLit(bool lit)
 {
     lit_ = lit;
-    Show();
+    Refresh();
 }
 
-void LampView::Show()
+void LampView::Refresh()
 {
     const QIcon icon(lit_ ? litPicture_ : QStringLiteral(":/pictures/lamp-unlit.png"));
     picture_->setPixmap(icon.pixmap(QSize(kLampSize, kLampSize), devicePixelRatio()));

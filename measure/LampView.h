@@ -21,7 +21,7 @@ public:
     [[nodiscard]] bool IsLit() const { return lit_; }
 
 private:
-    void Show();
+    void Refresh();
 
     QLabel* picture_;
     QLabel* word_;

@@ -5,15 +5,18 @@
 #include "files/NumberText.h"
 #include "measure/LimitBox.h"
 
+#include <utility>
+
 namespace quorvane {
 
 LimitInputs::LimitInputs(AlarmLimits& limits, const std::array<LimitBox*, 3>& boxes,
-                         const LocaleItems& locale, Prompts& prompts, const Texts& texts)
+                         const LocaleItems& locale, const Texts& texts,
+                         std::function<void(const Message&)> tell)
     : rows_{Row{boxes[0], LimitInput(limits.TwaAlarm)}, Row{boxes[1], LimitInput(limits.StelAlarm)},
             Row{boxes[2], LimitInput(limits.CAlarm)}},
       locale_(locale),
-      prompts_(prompts),
-      texts_(texts)
+      texts_(texts),
+      tell_(std::move(tell))
 {
     for (Row& row : rows_) {
         connect(row.box, &QLineEdit::textEdited, this, [this, &row] { TextEdited(row); });
@@ -76,7 +79,7 @@ void LimitInputs::Refuse(Row& row)
         return;
     {
         const ScopedFlag telling(telling_);
-        prompts_.Show(LimitRangeMessage(texts_));
+        tell_(LimitRangeMessage(texts_));
     }
     ShowLimit(row);
     row.box->setFocus();

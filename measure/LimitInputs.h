@@ -8,6 +8,7 @@
 
 #include <QObject>
 #include <array>
+#include <functional>
 
 namespace quorvane {
 
@@ -16,8 +17,9 @@ class LimitBox;
 /// The three limit inputs of the main window: `Text1` TWA, `Text2` STEL, `Text3` ceiling. They behave alike.
 class LimitInputs final : public QObject {
 public:
+    /// @param tell  shows a message and returns when the operator has read it
     LimitInputs(AlarmLimits& limits, const std::array<LimitBox*, 3>& boxes, const LocaleItems& locale,
-                Prompts& prompts, const Texts& texts);
+                const Texts& texts, std::function<void(const Message&)> tell);
 
     /// Shows the limits as they are stored. That is no change by the operator.
     void Fill();
@@ -39,8 +41,8 @@ private:
 
     std::array<Row, 3> rows_;
     const LocaleItems& locale_;
-    Prompts& prompts_;
     const Texts& texts_;
+    std::function<void(const Message&)> tell_;
     bool telling_ = false;
 };
 

@@ -22,17 +22,20 @@ constexpr int kEndCaption = 225;
 
 } // namespace
 
-MeasurementRun::MeasurementRun(ApplicationState& state, MeasurementArrays& arrays, Parts parts)
+MeasurementRun::MeasurementRun(ApplicationState& state, MeasurementArrays& arrays, RunServices services,
+                               std::function<void()> save, RunObserver& observer)
     : state_(state),
       arrays_(arrays),
-      parts_(std::move(parts)),
-      lines_(state, {parts_.control, parts_.timer1, parts_.clock, parts_.log},
+      services_(std::move(services)),
+      save_(std::move(save)),
+      observer_(observer),
+      lines_(state, {services_.control, services_.timer1, services_.clock, services_.log},
              [this](std::chrono::milliseconds time) { return ServeRun(time); }),
       record_(state, state, arrays),
-      lamps_(parts_.observer)
+      lamps_(observer_)
 {
-    parts_.timer2.OnTick([this] { Timer2Tick(); });
-    parts_.timer3.OnTick([this] { Timer3Tick(); });
+    services_.timer2.OnTick([this] { Timer2Tick(); });
+    services_.timer3.OnTick([this] { Timer3Tick(); });
 }
 
 // ---- start ----------------------------------------------------------------------------------------------
@@ -58,7 +61,7 @@ RunResult MeasurementRun::Start()
 
     SetPacing();
     SetState(RunState::Starting);
-    parts_.observer.RunPrepared();
+    observer_.RunPrepared();
     if (const Refusal refusal = Connect())
         return End(*refusal);
 
@@ -76,7 +79,7 @@ MeasurementRun::Refusal MeasurementRun::CheckLimits()
 {
     if (state_.CAlarm >= state_.StelAlarm && state_.StelAlarm >= state_.TwaAlarm)
         return std::nullopt;
-    const Texts& texts = parts_.texts;
+    const Texts& texts = services_.texts;
     // The title is another dialog's; it is kept as the operators know it.
     ShowCritical(texts[220] + "\r\n\r\n" + texts[282] + " > " + texts[281] + " > " + texts[280],
                  kInstrumentSettingTitle);
@@ -87,12 +90,12 @@ MeasurementRun::Refusal MeasurementRun::AskAboutUnsavedData()
 {
     if (state_.DataPresent != 1 || state_.DataSaved != 0)
         return std::nullopt;
-    parts_.timer2.Disable();
-    parts_.timer3.Disable();
-    const Answer answer =
-        parts_.prompts.Show({.text = parts_.texts[228], .icon = Icon::Critical, .buttons = Buttons::YesNo});
+    services_.timer2.Disable();
+    services_.timer3.Disable();
+    const Answer answer = services_.prompts.Show(
+        {.text = services_.texts[228], .icon = Icon::Critical, .buttons = Buttons::YesNo});
     if (answer == Answer::Yes) {
-        parts_.save();
+        save_();
         return RunResult::SavedInstead;
     }
     state_.DataSaved = 0;
@@ -101,7 +104,7 @@ MeasurementRun::Refusal MeasurementRun::AskAboutUnsavedData()
 
 MeasurementRun::Refusal MeasurementRun::CheckPlan()
 {
-    const Texts& texts = parts_.texts;
+    const Texts& texts = services_.texts;
     const double total = state_.TotalSamples;
     if (total == 0) {
         ShowCritical(texts[234]);
@@ -122,8 +125,8 @@ void MeasurementRun::SetPacing()
 {
     const Pacing pacing = PacingFor(state_.SamplingSeconds, state_.RunMode);
     MinutesPerSample = pacing.minutesPerSample;
-    parts_.timer2.SetInterval(pacing.timer2);
-    parts_.timer3.SetInterval(pacing.timer3);
+    services_.timer2.SetInterval(pacing.timer2);
+    services_.timer3.SetInterval(pacing.timer3);
 }
 
 /// Opens the port and makes sure that the instrument answers; its answer also ends a stream that an earlier
@@ -132,24 +135,24 @@ MeasurementRun::Refusal MeasurementRun::Connect()
 {
     if (!state_.RunMode)
         return CancelRequested == 0 ? std::nullopt : Refusal(RunResult::StoppedAtStart);
-    if (!parts_.link.OpenPort()) {
-        parts_.link.ClosePort();
+    if (!services_.link.OpenPort()) {
+        services_.link.ClosePort();
         return RunResult::PortNotOpened;
     }
-    const bool answered = CancelRequested == 0 && parts_.link.CheckInstrument();
+    const bool answered = CancelRequested == 0 && services_.link.CheckInstrument();
     if (answered && CancelRequested == 0)
         return std::nullopt;
 
-    parts_.link.ClosePort();
+    services_.link.ClosePort();
     if (!ServeRun(0ms)) // stopped, or the program closes
         return RunResult::StoppedAtStart;
-    parts_.prompts.Show({.text = parts_.texts[218]});
+    services_.prompts.Show({.text = services_.texts[218]});
     return RunResult::LinkFailed;
 }
 
 void MeasurementRun::PrepareRun()
 {
-    const LocalMoment now = parts_.clock.Now();
+    const LocalMoment now = services_.clock.Now();
     state_.SampleCount = 0; // first, for whoever hears of the lamps must find no reading
     takenSamples_ = 0;
     record_.Begin(now);
@@ -158,8 +161,8 @@ void MeasurementRun::PrepareRun()
     MinuteTicks = 0;
     RunDate = floor<days>(now);
     if (state_.RunMode)
-        parts_.control.ClearInBuffer();
-    parts_.observer.ReadingsCleared();
+        services_.control.ClearInBuffer();
+    observer_.ReadingsCleared();
 }
 
 /// @return false when a living device did not take the request; one that has just gone is silence
@@ -167,19 +170,19 @@ bool MeasurementRun::SendStreamRequest()
 {
     if (!state_.RunMode || CancelRequested != 0)
         return true;
-    parts_.link.SetStreaming(true);
-    return parts_.control.Output(Request(kStreamLetter)) || !parts_.control.IsOpen();
+    services_.link.SetStreaming(true);
+    return services_.control.Output(Request(kStreamLetter)) || !services_.control.IsOpen();
 }
 
 void MeasurementRun::Measure(bool requestTaken)
 {
     SetState(RunState::Measuring);
     if (CancelRequested == 0)
-        parts_.timer2.Enable();
+        services_.timer2.Enable();
     state_.DataPresent = 0;
     state_.DataSaved = 0; // or a run after a saved one could be lost without a question
     if (!requestTaken) {
-        parts_.log.LogSerialError(CommandName(kStreamLetter), {}, 0);
+        services_.log.LogSerialError(CommandName(kStreamLetter), {}, 0);
         Fail();
     }
     while (state_.SampleCount < PlannedSamples() && CancelRequested == 0) {
@@ -202,28 +205,28 @@ void MeasurementRun::Disconnect()
     state_.SampleCount = takenSamples_; // a failed read leaves no empty row
     if (!state_.RunMode)
         return;
-    parts_.link.SetStreaming(false);
+    services_.link.SetStreaming(false);
     lines_.End();
     SendStopExchange();
-    parts_.link.ClosePort();
+    services_.link.ClosePort();
 }
 
 /// A failure is in the error log; the readings are safe.
 void MeasurementRun::SendStopExchange()
 {
-    if (stopAbandoned_ || !parts_.control.IsOpen())
+    if (stopAbandoned_ || !services_.control.IsOpen())
         return;
-    static_cast<void>(parts_.link.CheckInstrument());
-    if (!stopAbandoned_ && parts_.link.WaitTicks(1, 1000ms) == WaitOutcome::Elapsed)
-        parts_.control.ClearInBuffer();
+    static_cast<void>(services_.link.CheckInstrument());
+    if (!stopAbandoned_ && services_.link.WaitTicks(1, 1000ms) == WaitOutcome::Elapsed)
+        services_.control.ClearInBuffer();
 }
 
 RunResult MeasurementRun::End(RunResult result)
 {
-    parts_.timer2.Disable();
-    parts_.timer3.Disable();
+    services_.timer2.Disable();
+    services_.timer3.Disable();
     SetState(RunState::Idle);
-    parts_.observer.RunEnded(result);
+    observer_.RunEnded(result);
     return result;
 }
 
@@ -235,7 +238,7 @@ void MeasurementRun::Stop()
         break;
     case RunState::Starting:
         Cancel();
-        parts_.link.Cancel();
+        services_.link.Cancel();
         break;
     case RunState::Measuring:
         stopAbandoned_ = stopRequested_;
@@ -244,7 +247,7 @@ void MeasurementRun::Stop()
         break;
     case RunState::Stopping:
         stopAbandoned_ = true;
-        parts_.link.Cancel();
+        services_.link.Cancel();
         break;
     }
 }
@@ -252,8 +255,8 @@ void MeasurementRun::Stop()
 void MeasurementRun::Cancel()
 {
     CancelRequested = 1;
-    parts_.timer2.Disable();
-    parts_.timer3.Disable();
+    services_.timer2.Disable();
+    services_.timer3.Disable();
     if (runState_ == RunState::Measuring)
         state_.SampleCount = takenSamples_; // the reading that was awaited does not come
 }
@@ -263,15 +266,7 @@ void MeasurementRun::Fail()
 {
     readFailed_ = true;
     Cancel();
-    parts_.prompts.Show({.text = parts_.texts[218]});
-}
-
-void MeasurementRun::Command1Click()
-{
-    if (Command1CaptionId() == kStartCaption)
-        Start();
-    else
-        Stop();
+    services_.prompts.Show({.text = services_.texts[218]});
 }
 
 int MeasurementRun::Command1CaptionId() const
@@ -308,13 +303,13 @@ void MeasurementRun::Timer2Tick()
     if (++MinuteTicks < MinutesPerSample)
         return;
     MinuteTicks = 0;
-    parts_.timer3.Enable();
-    parts_.timer2.Disable();
+    services_.timer3.Enable();
+    services_.timer2.Disable();
 }
 
 void MeasurementRun::Timer3Tick()
 {
-    parts_.timer3.Disable();
+    services_.timer3.Disable();
     if (CancelRequested != 0)
         return;
     if (state_.RunMode ? TakeLine() : MakeUpLine())
@@ -325,7 +320,7 @@ void MeasurementRun::Timer3Tick()
 bool MeasurementRun::TakeLine()
 {
     if (state_.SampleCount >= PlannedSamples()) {
-        parts_.timer2.Enable();
+        services_.timer2.Enable();
         return false;
     }
     const std::int32_t sample = ++state_.SampleCount;
@@ -346,7 +341,7 @@ bool MeasurementRun::MakeUpLine()
     if (next >= arrays_.ReplyLine.size())
         return false;
     const std::int32_t sample = ++state_.SampleCount;
-    arrays_.ReplyLine[next] = SimulatedLine(sample, parts_.clock.Now(), parts_.random);
+    arrays_.ReplyLine[next] = SimulatedLine(sample, services_.clock.Now(), services_.random);
     return true;
 }
 
@@ -355,32 +350,32 @@ void MeasurementRun::CompleteSample()
     const std::int32_t sample = state_.SampleCount;
     const LampsLit lit = record_.Store(sample);
     lamps_.Light(lit);
-    if (floor<days>(parts_.clock.Now()) != RunDate)
+    if (floor<days>(services_.clock.Now()) != RunDate)
         RunDate += days(1);
-    parts_.observer.SampleAdded(sample);
+    observer_.SampleAdded(sample);
     ++takenSamples_;
     if (CancelRequested == 0) // whoever heard of the reading may have stopped
-        parts_.timer2.Enable();
+        services_.timer2.Enable();
 }
 
 // ---- helpers --------------------------------------------------------------------------------------------
 
 bool MeasurementRun::ServeRun(std::chrono::milliseconds time)
 {
-    if (!parts_.pump.Serve(time) && CancelRequested == 0)
+    if (!services_.pump.Serve(time) && CancelRequested == 0)
         Cancel();
     return CancelRequested == 0;
 }
 
 void MeasurementRun::ShowCritical(std::string text, int titleId)
 {
-    parts_.prompts.Show({.text = std::move(text), .icon = Icon::Critical, .titleId = titleId});
+    services_.prompts.Show({.text = std::move(text), .icon = Icon::Critical, .titleId = titleId});
 }
 
 void MeasurementRun::SetState(RunState state)
 {
     runState_ = state;
-    parts_.observer.StateChanged(state);
+    observer_.StateChanged(state);
 }
 
 } // namespace quorvane

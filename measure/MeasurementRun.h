@@ -32,26 +32,28 @@ struct RunStatus {
     std::optional<std::chrono::steady_clock::time_point> silentSince;
 };
 
+/// What a run needs of the world.
+struct RunServices {
+    PortLink& link;
+    SerialControl& control;
+    EventPump& pump;
+    TickTimer& timer1; ///< 1000 ms while a line is awaited; the link counts its ticks
+    TickTimer& timer2; ///< paces the readings
+    TickTimer& timer3; ///< takes one reading
+    const LocalClock& clock;
+    Prompts& prompts;
+    SerialLog& log;
+    const Texts& texts;
+    RandomSource random; ///< for simulated readings
+};
+
 /// One measurement run: start, pacing, the polling step that takes a reading, stop. `Start` returns when the
 /// run has ended; all sampling happens in the timers' handlers while it serves events.
 class MeasurementRun {
 public:
-    struct Parts {
-        PortLink& link;
-        SerialControl& control;
-        EventPump& pump;
-        TickTimer& timer1; ///< 1000 ms while a line is awaited; the link counts its ticks
-        TickTimer& timer2; ///< paces the readings
-        TickTimer& timer3; ///< takes one reading
-        const LocalClock& clock;
-        Prompts& prompts;
-        SerialLog& log;
-        const Texts& texts;
-        RandomSource random;        ///< for simulated readings
-        std::function<void()> save; ///< the save command
-        RunObserver& observer;
-    };
-    MeasurementRun(ApplicationState& state, MeasurementArrays& arrays, Parts parts);
+    /// @param save  the save command, for readings that a new run would replace
+    MeasurementRun(ApplicationState& state, MeasurementArrays& arrays, RunServices services,
+                   std::function<void()> save, RunObserver& observer);
 
     /// Runs one measurement with the settings of the state. Whatever prevents it is told to the operator, and
     /// the earlier readings are kept then. However a run ends, `SampleCount` equals the readings taken.
@@ -61,10 +63,8 @@ public:
     /// that exchange is given up. Without a run it does nothing.
     void Stop();
 
-    /// The start/stop button: starts while its caption says "Measure Start", stops otherwise.
-    void Command1Click();
-
-    /// Number of the button's caption: 223 "Measure Start" or 225 "Measure End".
+    /// Number of the start/stop button's caption: 223 "Measure Start" or 225 "Measure End". A click does what
+    /// it says.
     [[nodiscard]] int Command1CaptionId() const;
 
     /// Alarm reset: puts the lamps out and starts a new eight-hour span at the latest reading. Does nothing
@@ -109,7 +109,9 @@ private:
 
     ApplicationState& state_;
     MeasurementArrays& arrays_;
-    Parts parts_;
+    RunServices services_;
+    std::function<void()> save_;
+    RunObserver& observer_;
     InstrumentLines lines_;
     ReadingRecord record_;
     AlarmLamps lamps_;

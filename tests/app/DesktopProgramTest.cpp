@@ -92,11 +92,28 @@ TEST_F(DesktopProgramTest, ASecondOneSaysSoAndEnds)
 
 TEST_F(DesktopProgramTest, EndsLikeACloseWhenTheSystemAsksItTo)
 {
-    ChildProgram program(QUORVANE, {"-platform", "offscreen"}, folder.Path("errors.txt"), {});
-    ASSERT_TRUE(Until([&] { return std::filesystem::exists(folder.Path("quorvane.lock")); }));
-    program.Signal(SIGTERM);
-    EXPECT_EQ(program.Wait(), 0);
+    DesktopProgram program(MakePlatform());
+    ASSERT_TRUE(program.Start());
+    QTimer::singleShot(0, [] { std::raise(SIGTERM); });
+    EXPECT_EQ(program.Run(), 0);
     EXPECT_NE(FileBytes(folder.Path("Quorvane.ini")), ""); // written by the close
+}
+
+TEST_F(DesktopProgramTest, AnswersItsCommandLineWithoutADisplay)
+{
+    struct Row {
+        const char* option;
+        const char* output;
+        int status;
+    };
+    for (const Row& row : {Row{"--version", "quorvane 0.1.0\n", 0}, Row{"--help", "Usage: quorvane", 0}}) {
+        ChildProgram program(QUORVANE, {row.option, "-platform", "none"}, folder.Path("errors.txt"), {});
+        EXPECT_THAT(program.RestOfOutput(), StartsWith(row.output));
+        EXPECT_EQ(program.Wait(), row.status);
+    }
+    ChildProgram wrong(QUORVANE, {"-platform", "offscreen", "--unknown"}, folder.Path("errors.txt"), {});
+    EXPECT_EQ(wrong.Wait(), 2);
+    EXPECT_THAT(FileBytes(folder.Path("errors.txt")), HasSubstr("Usage: quorvane"));
 }
 
 } // namespace

@@ -93,7 +93,9 @@ TEST_F(FrmMenuTest, HasACaptionEverywhereInBothLanguages)
 {
     for (const TableLanguage language : {TableLanguage::English, TableLanguage::Japanese}) {
         table = StringTable(language);
+        state.SystemLanguageName = language == TableLanguage::Japanese ? "Japanese" : "English";
         Open();
+        EXPECT_EQ(Caption() == "測定開始", language == TableLanguage::Japanese);
         for (const QAction* action : window->findChildren<QAction*>())
             EXPECT_TRUE(action->isSeparator() || !action->text().isEmpty())
                 << action->objectName().toStdString();
@@ -456,6 +458,18 @@ TEST_F(LimitInputsTest, ShowTheStoredLimitAgainAfterTheMessage)
     EXPECT_EQ(state.CAlarm, 2);
     Press(Qt::Key_Return);
     EXPECT_EQ(Box(3)->text(), QStringLiteral("2"));
+}
+
+TEST_F(LimitInputsTest, HoldTheWindowWhileTheirMessageIsOpen)
+{
+    Open();
+    prompts.whileOpen = [this] {
+        EXPECT_FALSE(window->close()); // the system may ask so at any time
+        EXPECT_TRUE(window->isVisible());
+    };
+    Type(1, "11");
+    QApplication::processEvents();
+    EXPECT_FALSE(window->isVisible()); // the close comes back when the message has been read
 }
 
 TEST_F(LimitInputsTest, TakeTheUsersDecimalSignAndThePoint)

@@ -405,9 +405,9 @@ TEST(MeasurementRun, TheButtonStartsAndStops)
         EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure End");
         EXPECT_EQ(with.run.Start(), RunResult::AlreadyRunning);
         if (sample == 2)
-            with.run.Command1Click();
+            with.run.Stop();
     };
-    with.run.Command1Click();
+    with.run.Start();
     EXPECT_EQ(with.listener.results, std::vector<RunResult>{RunResult::Stopped});
     EXPECT_EQ(with.state.SampleCount, 2);
     EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure Start");

@@ -52,8 +52,19 @@ struct RunWorld : InstrumentWorld {
     double nextRandom = 0.5;
     MeasurementRun run{state,
                        arrays,
-                       {link, port, world, timer1, timer2, timer3, world, prompts, log, texts,
-                        [this] { return nextRandom; }, [this] { ++saves; }, listener}};
+                       {.link = link,
+                        .control = port,
+                        .pump = world,
+                        .timer1 = timer1,
+                        .timer2 = timer2,
+                        .timer3 = timer3,
+                        .clock = world,
+                        .prompts = prompts,
+                        .log = log,
+                        .texts = texts,
+                        .random = [this] { return nextRandom; }},
+                       [this] { ++saves; },
+                       listener};
 };
 
 } // namespace quorvane
