@@ -271,7 +271,6 @@ void FrmMenu::closeEvent(QCloseEvent* event)
     }
     const Command command(*this);
     const bool mayClose = MayClose();
-    closeWanted_ = false; // answered with this one, whichever way
     event->setAccepted(mayClose);
     if (!mayClose)
         return;

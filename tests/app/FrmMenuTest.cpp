@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QLabel>
+#include <QRegularExpression>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -96,9 +97,9 @@ TEST_F(FrmMenuTest, HasACaptionEverywhereInBothLanguages)
         state.SystemLanguageName = language == TableLanguage::Japanese ? "Japanese" : "English";
         Open();
         EXPECT_EQ(Caption() == "測定開始", language == TableLanguage::Japanese);
-        for (const QAction* action : window->findChildren<QAction*>())
-            EXPECT_TRUE(action->isSeparator() || !action->text().isEmpty())
-                << action->objectName().toStdString();
+        for (const QAction* action :
+             window->findChildren<QAction*>(QRegularExpression(QStringLiteral("^Menu"))))
+            EXPECT_FALSE(action->text().isEmpty()) << action->objectName().toStdString();
         for (const QAbstractButton* button : window->findChildren<QPushButton*>())
             EXPECT_FALSE(button->text().isEmpty()) << button->objectName().toStdString();
         for (const char* label : {"Label1", "Label2", "Label3", "LampName1", "LampName2", "LampName3"})
@@ -253,11 +254,13 @@ TEST_F(FrmMenuTest, ASecondRunAsksAboutTheFirstUnlessThatIsSaved)
     Measure();
     prompts.saveNames = {"first.csv"};
     Trigger("MenuSave");
+    onPump = [this](long) { EXPECT_FALSE(Enabled("MenuSave")); }; // the first is about to be replaced
     Measure();
     EXPECT_TRUE(prompts.messages.empty()); // the first is saved
 
     prompts.answers = {Answer::Yes};
     prompts.saveNames = {"second.csv"};
+    onPump = nullptr;
     Measure(); // the second is not; it is saved instead of a third run
     EXPECT_THAT(Messages(), ElementsAre("Data is not saved. Do you save?"));
     EXPECT_TRUE(files.files.contains("second.csv"));
@@ -320,6 +323,18 @@ TEST_F(FrmMenuTest, ExitWritesTheSettingsBeforeTheQuestionAndAtTheClose)
     Trigger("MenuExit");
     EXPECT_FALSE(window->isVisible());
     EXPECT_EQ(files.replaceCalls, 3);
+}
+
+TEST_F(FrmMenuTest, ACloseBehindTheQuestionIsAnsweredWithIt)
+{
+    Open();
+    Measure();
+    prompts.whileOpen = [this] { window->close(); };
+    prompts.answers = {Answer::Yes}; // and then no file name
+    EXPECT_FALSE(window->close());
+    QApplication::processEvents();
+    EXPECT_EQ(prompts.messages.size(), 1U);
+    EXPECT_TRUE(window->isVisible());
 }
 
 TEST_F(FrmMenuTest, ACloseDuringARunComesBackWhenTheRunHasEnded)
@@ -442,6 +457,9 @@ TEST_F(LimitInputsTest, StoreWhileTypingAndRefuseOnLeaving)
     Type(2, "5");
     Press(Qt::Key_Return);
     EXPECT_EQ(Messages().size(), 1U);
+
+    QTest::mouseClick(Box(3), Qt::LeftButton);
+    EXPECT_EQ(Box(3)->selectedText(), QStringLiteral("10"));
 }
 
 TEST_F(LimitInputsTest, ShowTheStoredLimitAgainAfterTheMessage)
@@ -488,8 +506,11 @@ TEST_F(LimitInputsTest, AreNotCheckedWhenAnotherWindowTakesTheFocus)
 {
     Open();
     Type(1, "0");
-    QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason); // as a message box does
-    QApplication::sendEvent(Box(1), &away);
+    QWidget other; // as a message box or another program does
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_FALSE(Box(1)->hasFocus());
     QApplication::processEvents();
     EXPECT_TRUE(prompts.messages.empty());
 }
