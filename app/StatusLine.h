@@ -9,12 +9,12 @@ class QString;
 namespace quorvane {
 
 /// The fields of the main window's status bar: what goes on, sample n of N, time left, lines behind, mode,
-/// port. (The toolkit's own temporary messages cover the first only.)
+/// port.
 class StatusLine final {
 public:
     explicit StatusLine(QStatusBar& bar);
     void Show(const RunStatusText& text);
-    /// A text that stays in front of the fields until it is replaced by an empty one.
+    /// A text that stays behind the first field until it is replaced by an empty one.
     void Announce(const QString& text);
 
 private:

@@ -15,7 +15,7 @@ namespace quorvane {
 /// What a status bar says, one text for each of its fields; a field with nothing to say is empty.
 struct RunStatusText {
     std::string state;    ///< "Measuring", "Port lost; waiting for the instrument"
-    std::string mode;     ///< "Instrument" or "Simulated"
+    std::string mode;     ///< "Instrument" or "SIMULATED"
     std::string port;     ///< "COM1"; empty when the readings are simulated
     std::string sample;   ///< "Sample 3 of 3600"
     std::string timeLeft; ///< "Time left 59:57", while a run is under way

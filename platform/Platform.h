@@ -18,7 +18,7 @@
 
 namespace quorvane {
 
-/// The system's side of every interface that a program without windows needs. None of them is null.
+/// The system's side of core's interfaces. None of them is null.
 struct Platform {
     std::unique_ptr<SerialControl> serial;
     std::unique_ptr<PortNames> portNames;

@@ -56,7 +56,8 @@ constexpr Entry kEntries[] = {
     {kPortBusyText, "Another program is using the port. Close it and try again.",
      "ほかのプログラムがポートを使用しています。そのプログラムを終了してから、もう一度お試しください。"},
     {kPortNoPermissionText,
-     "Your account may not use serial ports. On Linux, add it to the group that owns the device (often "
+     "Your account is not allowed to use serial ports. On Linux, add it to the group that owns the device "
+     "(often "
      "dialout) "
      "and log in again.",
      "お使いのアカウントにはシリアルポートを使用する権限がありません。Linux では、デバイスを所有するグループ"
@@ -76,7 +77,7 @@ constexpr Entry kEntries[] = {
 
     {kFileNotFoundText, "The folder or the file does not exist. Choose another place.",
      "フォルダーまたはファイルが見つかりません。別の場所を選択してください。"},
-    {kFileNoPermissionText, "Your account may not use this file or folder. Choose another place.",
+    {kFileNoPermissionText, "Your account is not allowed to use this file or folder. Choose another place.",
      "お使いのアカウントには、このファイルまたはフォルダーへのアクセス権限がありません。"
      "別の場所を選択してください。"},
     {kFileNoSpaceText, "There is no space left. Make room there or choose another place.",
@@ -89,16 +90,16 @@ constexpr Entry kEntries[] = {
     {kFileOtherText, "The file could not be read or written. Try again or choose another place.",
      "ファイルの読み書きに失敗しました。もう一度お試しいただくか、別の場所を選択してください。"},
 
-    {kAlarmTwaText, "Alarm TLV-TWA", "警報 TLV-TWA"},
-    {kAlarmStelText, "Alarm TLV-STEL", "警報 TLV-STEL"},
-    {kAlarmCeilingText, "Alarm TLV-C", "警報 TLV-C"},
+    {kAlarmTwaText, "Alarm TLV-TWA", "TLV-TWA 警報"},
+    {kAlarmStelText, "Alarm TLV-STEL", "TLV-STEL 警報"},
+    {kAlarmCeilingText, "Alarm TLV-C", "TLV-C 警報"},
     {kSavedText, "Saved", "保存しました"},
     {kPortLostText, "Port lost; waiting for the instrument",
      "ポートとの接続が失われました。測定器の再接続を待っています。"},
     {kGivenUpText, "No data from the instrument for %1 s; the run was given up",
      "測定器から %1 秒間データが届かなかったため、測定を打ち切りました。"},
     {kAlarmExcursionText, "Alarm TLV-STEL (too many or too close excursions above TLV-TWA)",
-     "警報 TLV-STEL（TLV-TWA の超過回数が多すぎるか、超過の間隔が短すぎます）"},
+     "TLV-STEL 警報（TLV-TWA の超過回数が多すぎるか、超過の間隔が短すぎます）"},
     {kRescuedText, "The readings were saved here instead: %1",
      "代わりに、測定データを次の場所に保存しました: %1"},
     {kNotRescuedText, "The readings could not be saved anywhere.",
@@ -122,14 +123,14 @@ constexpr Entry kEntries[] = {
     {kAlarmResetText, "Alarm Reset", "警報リセット"},
     {kStartTipText, "Starts a measurement (F5), and stops it (Shift+F5)",
      "測定を開始（F5）または終了（Shift+F5）します"},
-    {kAlarmResetTipText, "Puts the alarm lamps out and begins a new eight-hour span (F8)",
+    {kAlarmResetTipText, "Turns the alarm lamps off and begins a new eight-hour span (F8)",
      "警報ランプを消し、8 時間の監視を新たに開始します（F8）"},
-    {kLimitTipText, "0.001 to 10 mg/m3; not changed during a measurement",
-     "0.001～10 mg/m3。測定中は変更できません"},
+    {kLimitTipText, "0.001 to 10 mg/m3; cannot be changed during a measurement",
+     "0.001～10 mg/m3（測定中は変更できません）"},
 
     {kTimeColumnText, "Time", "時刻"},
     {kCountColumnText, "Relative [CPM]", "相対濃度 [CPM]"},
-    {kConcColumnText, "Concentration [mg/m3]", "質量濃度 [mg/m3]"},
+    {kConcColumnText, "Mass [mg/m3]", "質量濃度 [mg/m3]"},
     {kTwaColumnText, "TWA [mg/m3]", "TWA [mg/m3]"},
     {kStelColumnText, "STEL [mg/m3]", "STEL [mg/m3]"},
     {kIntegratedCountColumnText, "Relative, integrated [CPM]", "相対濃度積算値 [CPM]"},
@@ -140,11 +141,11 @@ constexpr Entry kEntries[] = {
     {kCopyCommandText, "&Copy", "コピー(&C)"},
     {kTwaMeaningText, "average since the start", "測定開始からの平均"},
     {kStelMeaningText, "average of the last 15 minutes", "直近 15 分間の平均"},
-    {kConcMeaningText, "concentration now", "現在の濃度"},
+    {kConcMeaningText, "mass concentration now", "現在の質量濃度"},
     {kCountMeaningText, "relative concentration now", "現在の相対濃度"},
 
     {kSimulatedNoticeText, "SIMULATED: these readings are made up by the computer, not measured.",
-     "シミュレーション中: 表示される値はコンピューターが作成したもので、測定値ではありません。"},
+     "シミュレーションモード: 表示される値はコンピューターが生成したもので、実際の測定値ではありません。"},
     {kReadyText, "Ready", "待機中"},
     {kConnectingText, "Connecting to the instrument...", "測定器に接続しています..."},
     {kMeasuringText, "Measuring", "測定中"},
@@ -153,7 +154,7 @@ constexpr Entry kEntries[] = {
      "測定が終了したあと、ウィンドウを閉じます。"},
     {kInstrumentModeText, "Instrument", "測定器"},
     {kSimulatedModeText, "SIMULATED", "シミュレーション"},
-    {kSampleText, "Sample %1 of %1", "測定 %1 / %1 回"},
+    {kSampleText, "Sample %1 of %1", "測定回数 %1 / %1"},
     {kTimeLeftText, "Time left %1", "残り時間 %1"},
     {kLinesBehindText, "%1 lines waiting", "未処理 %1 行"},
 

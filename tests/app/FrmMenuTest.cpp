@@ -4,6 +4,7 @@
 #include "tests/support/WindowWorld.h"
 
 #include <QAction>
+#include <QClipboard>
 #include <QLabel>
 #include <QRegularExpression>
 #include <gmock/gmock.h>
@@ -163,6 +164,17 @@ TEST_F(FrmMenuTest, KeepsTheSixthRowFromTheEndOnTop)
     };
     Measure();
     EXPECT_THAT(top, ElementsAre(1, 1, 1, 1, 1, 1, 2, 3));
+}
+
+TEST_F(FrmMenuTest, CopiesRowsAsSpreadsheetsTakeThem)
+{
+    Open();
+    Measure();
+    auto* const view = Find<LiveTable>("vaSpread1");
+    view->selectRow(1);
+    view->setFocus();
+    QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("09:30:02\t12\t1.25\t1.25\t1.25\t24\t2.5\n"));
 }
 
 TEST_F(FrmMenuTest, StopsByButtonMenuAndShortcut)

@@ -21,6 +21,9 @@ TEST(RunStatusTextTest, SaysWhatTheRunIsDoing)
     status.linesBehind = 1;
 
     EXPECT_EQ(StatusText(state, RunState::Idle, status, texts).sample, ""); // no run yet
+    EXPECT_EQ(StatusText(state, RunState::Idle, status, texts).state, "Ready");
+    EXPECT_EQ(StatusText(state, RunState::Starting, status, texts).state, "Connecting to the instrument...");
+    EXPECT_EQ(StatusText(state, RunState::Stopping, status, texts).state, "Stopping...");
 
     RunStatusText text = StatusText(state, RunState::Measuring, status, texts);
     EXPECT_EQ(text.state, "Measuring");

@@ -24,6 +24,21 @@ std::vector<int> KnownNumbers()
     return numbers;
 }
 
+int CountOf(std::string_view mark, std::string_view text)
+{
+    int count = 0;
+    for (std::size_t at = 0; (at = text.find(mark, at)) != std::string_view::npos; at += mark.size())
+        ++count;
+    return count;
+}
+
+/// The letter that chooses a menu or a button from the keyboard, in capitals; 0 without one.
+char Mnemonic(std::string_view text)
+{
+    const std::size_t mark = text.find('&');
+    return mark == std::string_view::npos ? '\0' : static_cast<char>(text[mark + 1] & ~0x20);
+}
+
 TEST(StringTable, EveryTextIsInEnglishAgainTenThousandAboveWhateverTheLanguage)
 {
     EXPECT_GE(KnownNumbers().size(), 42U);
@@ -48,7 +63,8 @@ TEST(StringTable, JapaneseTextsAreTranslatedAndComplete)
         EXPECT_FALSE(japanese.empty()) << id;
         EXPECT_EQ(english == japanese, sameInBoth.contains(id)) << id;
         EXPECT_TRUE(std::ranges::all_of(english, [](char c) { return c >= ' ' && c <= '~'; })) << id;
-        EXPECT_EQ(english.find("%1") == std::string::npos, japanese.find("%1") == std::string::npos) << id;
+        EXPECT_EQ(CountOf("%1", english), CountOf("%1", japanese)) << id;
+        EXPECT_EQ(Mnemonic(english), Mnemonic(japanese)) << id;
     }
     EXPECT_EQ(kJapanese.Text(223, 0), "測定開始");
 }
