@@ -6,7 +6,7 @@ namespace quorvane {
 
 /// How long one look at events, counters and port lasts in a wait: short enough to feel immediate, long
 /// enough that a waiting program costs well under one percent of a core.
-inline constexpr std::chrono::milliseconds kNap{10};
+inline constexpr std::chrono::milliseconds kNap{20};
 
 /// Serves the user interface's events while the program waits for something else. Handlers that it runs may
 /// call it again.

@@ -283,8 +283,8 @@ void FrmMenu::PutCloseOff()
 {
     closeWanted_ = true;
     UpdateStatus();
-    if (run_.State() == RunState::Starting || (run_.State() == RunState::Measuring && !run_.StopRequested()))
-        run_.Stop(); // a second stop would give the stop exchange up
+    if (run_.State() == RunState::Starting || run_.State() == RunState::Measuring)
+        run_.Stop(); // not in its stop exchange: that would give it up
 }
 
 /// Readings that are to be saved and are not keep the window open.
@@ -306,8 +306,10 @@ Answer FrmMenu::Ask(const Message& message)
 
 // ---- what the run tells ---------------------------------------------------------------------------------
 
-void FrmMenu::StateChanged(RunState /*state*/)
+void FrmMenu::StateChanged(RunState state)
 {
+    if (state == RunState::Starting && closeWanted_)
+        run_.Stop(); // the close came while the start asked something
     UpdateCommands();
     UpdateStatus();
 }

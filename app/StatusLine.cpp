@@ -3,14 +3,32 @@
 #include "app/QtText.h"
 
 #include <QLabel>
+#include <QPainter>
 #include <QStatusBar>
 
 namespace quorvane {
 namespace {
 
+/// Takes the room that is left, and shows as much of its text as fits: a long path must not widen the window.
+class ElidedLabel final : public QLabel {
+public:
+    explicit ElidedLabel(QWidget* parent) : QLabel(parent)
+    {
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        QPainter(this).drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
+    }
+};
+
+template <typename Label>
 QLabel* NewField(QStatusBar& bar, const char* name)
 {
-    auto* label = new QLabel(&bar);
+    auto* label = new Label(&bar);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     label->setContentsMargins(6, 0, 6, 0);
@@ -26,13 +44,13 @@ void SetField(QLabel& label, const std::string& text)
 } // namespace
 
 StatusLine::StatusLine(QStatusBar& bar)
-    : state_(NewField(bar, "StatusState")),
-      announcement_(NewField(bar, "StatusAnnouncement")),
-      sample_(NewField(bar, "StatusSample")),
-      timeLeft_(NewField(bar, "StatusTimeLeft")),
-      behind_(NewField(bar, "StatusBehind")),
-      mode_(NewField(bar, "StatusMode")),
-      port_(NewField(bar, "StatusPort"))
+    : state_(NewField<QLabel>(bar, "StatusState")),
+      announcement_(NewField<ElidedLabel>(bar, "StatusAnnouncement")),
+      sample_(NewField<QLabel>(bar, "StatusSample")),
+      timeLeft_(NewField<QLabel>(bar, "StatusTimeLeft")),
+      behind_(NewField<QLabel>(bar, "StatusBehind")),
+      mode_(NewField<QLabel>(bar, "StatusMode")),
+      port_(NewField<QLabel>(bar, "StatusPort"))
 {
     bar.addWidget(state_);
     bar.addWidget(announcement_, 1);

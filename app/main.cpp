@@ -15,17 +15,13 @@ using namespace quorvane;
 
 std::string Usage()
 {
-    return "Usage: quorvane [--help | --version]\n"
-           "\n"
-           "Measures dust concentrations with an instrument on a serial line. Settings (Quorvane.ini) and "
-           "error "
-           "log\n"
-           "(RSErr.log) are in the program's folder, or in the user's data folder when that cannot be "
-           "written, "
-           "or\n"
-           "in the folder that the environment variable QUORVANE_HOME names. QUORVANE_COM1 to "
-           "QUORVANE_COM15\n"
-           "name the devices of COM1 to COM15 on Linux.\n";
+    return R"(Usage: quorvane [--help | --version]
+
+Measures dust concentrations with an instrument on a serial line. Settings (Quorvane.ini) and error log
+(RSErr.log) are in the program's folder, or in the user's data folder when that cannot be written, or in
+the folder that the environment variable QUORVANE_HOME names. QUORVANE_COM1 to QUORVANE_COM15 name the
+devices of COM1 to COM15 on Linux.
+)";
 }
 
 void Print(std::FILE* stream, const std::string& text)

@@ -30,8 +30,10 @@ void CopyOwnFiles(const std::string& from, const std::string& to, FileStore& sto
 ProgramFiles FindProgramFiles(const PlaceCandidates& candidates, Folders& folders, FileStore& store)
 {
     const auto& [home, programFolder, userFolder] = candidates;
-    if (home && !home->empty())
-        return {*home, FilesPlace::Named};
+    if (home && !home->empty()) {
+        const bool usable = folders.Make(*home) && folders.CanWrite(*home);
+        return {*home, usable ? FilesPlace::Named : FilesPlace::NamedUnwritable};
+    }
     if (folders.CanWrite(programFolder))
         return {programFolder, FilesPlace::BesideProgram};
     if (userFolder.empty() || !folders.Make(userFolder) || !folders.CanWrite(userFolder))
@@ -45,6 +47,8 @@ std::string PlaceNotice(const ProgramFiles& files, const Texts& texts)
     switch (files.place) {
     case FilesPlace::UserFolder:
         return FilledIn(texts[kFilesInUserFolderText], files.folder);
+    case FilesPlace::NamedUnwritable:
+        return FilledIn(texts[kNamedFolderUnwritableText], files.folder);
     case FilesPlace::Unwritable:
         return FilledIn(texts[kFilesUnwritableText], files.folder);
     default:

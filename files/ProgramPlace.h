@@ -10,10 +10,11 @@
 namespace quorvane {
 
 enum class FilesPlace {
-    Named,         ///< where somebody wants them
-    BesideProgram, ///< in the program's folder
-    UserFolder,    ///< in the user's own, because the program's folder cannot be written
-    Unwritable,    ///< in the program's folder, though nothing can be written there nor in the user's own
+    Named,           ///< where somebody wants them; the folder is made when it is missing
+    NamedUnwritable, ///< there, though nothing can be written there
+    BesideProgram,   ///< in the program's folder
+    UserFolder,      ///< in the user's own, because the program's folder cannot be written
+    Unwritable,      ///< in the program's folder, though nothing can be written there nor in the user's own
 };
 
 /// Where the program's own files (settings, language choice, error log) are.

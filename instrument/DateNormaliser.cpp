@@ -39,7 +39,8 @@ std::string_view Number(std::string_view field, std::size_t maxDigits)
 std::string Year(std::string_view digits)
 {
     const bool onlyZeros = digits.find_first_not_of('0') == std::string_view::npos;
-    if (onlyZeros || digits.size() == 3)
+    if (onlyZeros || // meant: "00" is a year left open, not 2000
+        digits.size() == 3)
         return {};
     double year = LeadingNumber(digits);
     if (digits.size() < 3)

@@ -56,6 +56,7 @@ std::string NormalisedTime(LocaleDescription& description, const LocaleItems& lo
     const std::string beforeMarker = TextInPattern(now, format.substr(0, marker), locale);
     const std::string fromMarker = TextInPattern(now, format.substr(marker), locale);
 
+    // A marker beside a 24-hour clock says nothing that the hour does not say.
     const bool twelveHours = FindField(format, "h").length > 0;
     const int offset = twelveHours && IsAfternoon(fromMarker, locale, texts) ? kHalfDay : 0;
 

@@ -42,7 +42,7 @@ void ExposureRows::SetCaptions(const Texts& texts)
         row.lamp->SetTexts(name, Shown(texts[kLampLitText]), Shown(texts[kLampUnlitText]));
         row.name->setText(name + QLatin1Char('\n') + meaning);
         row.value->setAccessibleName(name + QLatin1Char(' ') + meaning);
-        row.limitLabel->setText(UnitBelow(Shown(texts[kRows[i].limitId])));
+        row.limitLabel->setText(Shown(texts[kRows[i].limitId]));
         row.limit->setAccessibleName(Shown(texts[kRows[i].limitId]));
         row.limit->setToolTip(Shown(texts[kLimitTipText]));
     }

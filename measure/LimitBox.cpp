@@ -5,17 +5,21 @@
 namespace quorvane {
 namespace {
 
-bool IsWithinWindow(Qt::FocusReason reason)
+constexpr int kLongestText = 32; // more than any number needs
+
+/// The operator has gone to another control of the window. The program's own moving of the focus is none of
+/// that: two limits that are both out of range would send it to and fro for ever.
+bool IsOperators(Qt::FocusReason reason)
 {
-    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-           reason != Qt::MenuBarFocusReason;
+    return reason == Qt::MouseFocusReason || reason == Qt::TabFocusReason ||
+           reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
 }
 
 } // namespace
 
 LimitBox::LimitBox(QWidget* parent) : QLineEdit(parent)
 {
-    setMaxLength(16);
+    setMaxLength(kLongestText);
     setAlignment(Qt::AlignRight);
     QPalette colours = palette(); // a limit is read during a measurement, too, when it cannot be changed
     colours.setColor(QPalette::Disabled, QPalette::Text, colours.color(QPalette::Active, QPalette::Text));
@@ -25,7 +29,7 @@ LimitBox::LimitBox(QWidget* parent) : QLineEdit(parent)
 void LimitBox::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
-    if (IsWithinWindow(event->reason()))
+    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
         selectAll();
     enteredByMouse_ = event->reason() == Qt::MouseFocusReason;
 }
@@ -33,14 +37,24 @@ void LimitBox::focusInEvent(QFocusEvent* event)
 void LimitBox::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
-    if (IsWithinWindow(event->reason()))
+    enteredByMouse_ = false;
+    if (IsOperators(event->reason()))
         Q_EMIT Left();
 }
 
-void LimitBox::mousePressEvent(QMouseEvent* event)
+// The press that brings the focus would put the cursor, and the hand that moves meanwhile would drag a
+// selection: neither is meant.
+
+void LimitBox::mouseMoveEvent(QMouseEvent* event)
 {
-    QLineEdit::mousePressEvent(event);
-    if (enteredByMouse_) // the press that brings the focus would put the cursor and take the selection away
+    if (!enteredByMouse_)
+        QLineEdit::mouseMoveEvent(event);
+}
+
+void LimitBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    QLineEdit::mouseReleaseEvent(event);
+    if (enteredByMouse_)
         selectAll();
     enteredByMouse_ = false;
 }

@@ -12,14 +12,16 @@ public:
     explicit LimitBox(QWidget* parent = nullptr);
 
 Q_SIGNALS:
-    /// The focus has gone to another control of the window. A menu, a message box or another program that
-    /// takes the focus is not a leaving: the operator comes back to the box.
+    /// The operator has gone to another control of the window. A menu, a message box or another program that
+    /// takes the focus is not a leaving, for the operator comes back to the box; nor is the program's own
+    /// `setFocus`.
     void Left();
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     bool enteredByMouse_ = false;

@@ -53,7 +53,6 @@ RunResult MeasurementRun::Start()
 
     CancelRequested = 0;
     readFailed_ = false;
-    stopRequested_ = false;
     stopAbandoned_ = false;
     SetState(RunState::Preparing);
     if (const Refusal refusal = CheckPlan())
@@ -241,8 +240,6 @@ void MeasurementRun::Stop()
         services_.link.Cancel();
         break;
     case RunState::Measuring:
-        stopAbandoned_ = stopRequested_;
-        stopRequested_ = true;
         Cancel();
         break;
     case RunState::Stopping:

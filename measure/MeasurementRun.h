@@ -72,9 +72,6 @@ public:
     void ResetAlarms();
 
     [[nodiscard]] RunState State() const { return runState_; }
-    /// Whether the measurement that goes on has been told to stop: one more `Stop` would give up the stop
-    /// exchange.
-    [[nodiscard]] bool StopRequested() const { return stopRequested_; }
     [[nodiscard]] const LampsLit& Lamps() const { return lamps_.Lit(); }
     [[nodiscard]] RunStatus Status();
     /// The date that the readings belong to by the computer's clock: that of the start, a day on for each
@@ -119,7 +116,6 @@ private:
     RunState runState_ = RunState::Idle;
     bool underWay_ = false;
     bool readFailed_ = false;
-    bool stopRequested_ = false;
     bool stopAbandoned_ = false;
     std::int16_t CancelRequested = 0;
     std::int32_t takenSamples_ = 0;

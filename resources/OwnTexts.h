@@ -85,8 +85,9 @@ enum OwnText : int {
     kLinesBehindText = 1101, ///< %1: a number of lines
 
     // Where the program's own files are, when it is not where they are looked for.
-    kFilesInUserFolderText = 1111, ///< %1: that folder
-    kFilesUnwritableText = 1112,   ///< %1: the program's folder
+    kFilesInUserFolderText = 1111,     ///< %1: that folder
+    kFilesUnwritableText = 1112,       ///< %1: the program's folder
+    kNamedFolderUnwritableText = 1113, ///< %1: the folder that QUORVANE_HOME names
 };
 
 } // namespace quorvane

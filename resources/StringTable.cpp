@@ -164,6 +164,9 @@ constexpr Entry kEntries[] = {
      "Nothing can be written in the program's folder %1 or in your own data folder. Settings will not be "
      "kept.",
      "プログラムのフォルダー %1 にもユーザーのデータフォルダーにも書き込めません。設定は保存されません。"},
+    {kNamedFolderUnwritableText,
+     "Nothing can be written in %1, the folder that QUORVANE_HOME names. Settings will not be kept.",
+     "QUORVANE_HOME で指定されたフォルダー %1 に書き込めません。設定は保存されません。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -54,10 +54,16 @@ TEST_F(FrmMenuTest, OpensIdleWithTheSettingsRead)
     state.TwaAlarm = 0.05;
     state.StelAlarm = 1.5;
     state.CAlarm = 10;
-    state.DataPresent = 1; // nothing left from before counts
+    state.DataPresent = state.DataSaved = 1; // nothing left from before counts
     Open();
     ExpectIdle();
     EXPECT_EQ(state.DataPresent, 0);
+    EXPECT_EQ(state.DataSaved, 0);
+    EXPECT_EQ(Label("Label1"), "Alarm value (TWA) [mg/m3]");
+    EXPECT_EQ(Label("Label2"), "Alarm value (STEL) [mg/m3]");
+    EXPECT_EQ(Label("Label3"), "Alarm value (C) [mg/m3]");
+    EXPECT_EQ(Find<LiveTable>("vaSpread1")->font().families().front(), QStringLiteral("MS PGothic"));
+    EXPECT_LE(window->minimumSizeHint().width(), 1024);
     EXPECT_FALSE(Enabled("MenuSave"));
     EXPECT_EQ(Find<LimitBox>("Text1")->text(), QStringLiteral("0.05"));
     EXPECT_EQ(Find<LimitBox>("Text2")->text(), QStringLiteral("1.5"));
@@ -72,7 +78,10 @@ TEST_F(FrmMenuTest, SaysThatReadingsAreSimulatedWhereNobodyCanOverlookIt)
     state.RunMode = false;
     Open();
     EXPECT_TRUE(Find<QLabel>("SimulatedNotice")->isVisible());
+    EXPECT_THAT(Label("SimulatedNotice"), testing::StartsWith("SIMULATED"));
     EXPECT_EQ(Label("StatusMode"), "SIMULATED");
+    window->Announce(std::string(500, 'x')); // a long path does not widen the window
+    EXPECT_LE(window->minimumSizeHint().width(), 1024);
     Click("Command1");
     EXPECT_EQ(Rows(), 3);
     EXPECT_EQ(port.opened, 0);
@@ -147,8 +156,27 @@ TEST_F(FrmMenuTest, MeasuresWithOneClickAndShowsWhatItReads)
     EXPECT_FALSE(Find<LampView>("Image2")->IsLit()); // not in the first 15 minutes
     EXPECT_TRUE(Find<LampView>("Image3")->IsLit());  // 1.25 >= 1.25
     EXPECT_EQ(Find<LampView>("Image3")->accessibleName(), QStringLiteral("TLV-C: ALARM"));
-    Click("Command2");
+    Press(Qt::Key_F8);
     EXPECT_FALSE(Find<LampView>("Image1")->IsLit() || Find<LampView>("Image3")->IsLit());
+}
+
+TEST_F(FrmMenuTest, LampsDifferByWordAndShape)
+{
+    Open();
+    auto* const lamp = Find<LampView>("Image2");
+    const auto pictureAndWord = [&] {
+        std::pair<QImage, QString> shown;
+        for (const QLabel* label : lamp->findChildren<QLabel*>())
+            label->pixmap().isNull() ? void(shown.second = label->text())
+                                     : void(shown.first = label->pixmap().toImage());
+        return shown;
+    };
+    const auto unlit = pictureAndWord();
+    lamp->SetLit(true);
+    EXPECT_NE(pictureAndWord().first, unlit.first);
+    EXPECT_NE(pictureAndWord().second, unlit.second);
+    Find<LampView>("Image1")->SetLit(true);
+    EXPECT_NE(Find<LampView>("Image1")->grab().toImage(), lamp->grab().toImage());
 }
 
 TEST_F(FrmMenuTest, KeepsTheSixthRowFromTheEndOnTop)
@@ -371,6 +399,36 @@ TEST_F(FrmMenuTest, ACloseDuringARunComesBackWhenTheRunHasEnded)
     EXPECT_EQ(Rows(), 2);
 }
 
+TEST_F(FrmMenuTest, ACloseWhileTheRunConnectsOrTheStartAsksStopsIt)
+{
+    Plan(50, 1);
+    for (const bool asks : {false, true}) {
+        Open();
+        if (asks) {
+            Plan(2, 1);
+            Measure();
+            Plan(50, 1);
+        }
+        prompts.whileOpen = [&] { window->close(); };
+        onPump = [&](long) {
+            if (!asks)
+                window->close(); // the first pump is the start exchange's
+        };
+        const int before = state.SampleCount;
+        const World::Time began = world.Elapsed();
+        Measure(); // asked about the first readings: No, and the close comes meanwhile
+        QApplication::processEvents();
+        EXPECT_EQ(state.SampleCount, before);
+        EXPECT_LT(world.Elapsed() - began, 10s);
+        EXPECT_FALSE(window->isVisible());
+        if (asks) {
+            EXPECT_EQ(prompts.messages.back().icon, Icon::Critical);
+            EXPECT_EQ(prompts.messages.back().titleId, 101);
+        }
+        window.reset();
+    }
+}
+
 /// Whatever comes at whatever moment of a run: at the end the port is closed, the timers are off, the
 /// controls are idle, the rows agree with the counts, and the run has ended.
 TEST_F(FrmMenuTest, EndsInOrderWhateverComesAtWhateverMoment)
@@ -470,7 +528,9 @@ TEST_F(LimitInputsTest, StoreWhileTypingAndRefuseOnLeaving)
     Press(Qt::Key_Return);
     EXPECT_EQ(Messages().size(), 1U);
 
-    QTest::mouseClick(Box(3), Qt::LeftButton);
+    QTest::mousePress(Box(3), Qt::LeftButton, {}, QPoint(20, 5));
+    QTest::mouseMove(Box(3), QPoint(24, 5)); // a hand is not that steady
+    QTest::mouseRelease(Box(3), Qt::LeftButton, {}, QPoint(24, 5));
     EXPECT_EQ(Box(3)->selectedText(), QStringLiteral("10"));
 }
 
@@ -488,6 +548,33 @@ TEST_F(LimitInputsTest, ShowTheStoredLimitAgainAfterTheMessage)
     EXPECT_EQ(state.CAlarm, 2);
     Press(Qt::Key_Return);
     EXPECT_EQ(Box(3)->text(), QStringLiteral("2"));
+}
+
+TEST_F(LimitInputsTest, DoNotSendTheFocusToAndFroWhenSeveralAreOutOfRange)
+{
+    state.TwaAlarm = state.StelAlarm = state.CAlarm = 0; // as a settings file without them gives
+    Open();
+    Box(1)->setFocus();
+    for (int press = 1; press <= 2; ++press) {
+        Press(Qt::Key_Tab);
+        for (int round = 0; round < 20; ++round)
+            QApplication::processEvents();
+        EXPECT_EQ(prompts.messages.size(), static_cast<std::size_t>(press));
+        EXPECT_TRUE(Box(1)->hasFocus());
+    }
+    Type(1, "0.5");
+    Press(Qt::Key_Tab);
+    EXPECT_TRUE(Box(2)->hasFocus());
+    EXPECT_EQ(prompts.messages.size(), 2U);
+}
+
+TEST_F(LimitInputsTest, AreNotChangedByBeingFilled)
+{
+    state.TwaAlarm = 20; // out of range in the file; shown as it is, and told when it matters
+    Open();
+    EXPECT_TRUE(prompts.messages.empty());
+    EXPECT_EQ(Box(1)->text(), QStringLiteral("20"));
+    EXPECT_EQ(state.TwaAlarm, 20);
 }
 
 TEST_F(LimitInputsTest, HoldTheWindowWhileTheirMessageIsOpen)

@@ -35,7 +35,8 @@ TEST_F(ProgramPlaceTest, IsTheNamedFolderThenTheProgramsThenTheUsers)
     };
     const Row rows[] = {
         {"named", "named", "user", "named", FilesPlace::Named, true},
-        {"named beats the rest", "named", "user", "named", FilesPlace::Named, false, true},
+        {"named beats the rest", "named", "user", "named", FilesPlace::Named},
+        {"named, and not to be made", "named", "user", "named", FilesPlace::NamedUnwritable, true, true},
         {"beside the program", std::nullopt, "user", "program", FilesPlace::BesideProgram, true},
         {"named by nothing", "", "user", "program", FilesPlace::BesideProgram, true},
         {"write-protected", std::nullopt, "user", "user", FilesPlace::UserFolder},
@@ -51,7 +52,8 @@ TEST_F(ProgramPlaceTest, IsTheNamedFolderThenTheProgramsThenTheUsers)
         const ProgramFiles files = Find();
         EXPECT_EQ(files.folder, row.folder) << row.what;
         EXPECT_EQ(files.place, row.place) << row.what;
-        EXPECT_EQ(folders.made.size(), row.place == FilesPlace::UserFolder ? 1U : 0U) << row.what;
+        const bool made = row.place == FilesPlace::UserFolder || row.place == FilesPlace::Named;
+        EXPECT_EQ(folders.made.size(), made ? 1U : 0U) << row.what;
     }
     EXPECT_THAT(store.files, IsEmpty());
 }
