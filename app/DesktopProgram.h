@@ -6,7 +6,7 @@
 #include "app/QtPrompts.h"
 #include "app/QtTickTimer.h"
 #include "app/Texts.h"
-#include "files/ProgramPlace.h"
+#include "files/ProgramFiles.h"
 #include "files/SaveCommand.h"
 #include "files/SettingsFile.h"
 #include "measure/MeasurementArrays.h"

@@ -7,7 +7,7 @@
 #include "app/Prompts.h"
 #include "app/SystemInfo.h"
 #include "app/Texts.h"
-#include "files/ProgramPlace.h"
+#include "files/ProgramFiles.h"
 
 #include <functional>
 

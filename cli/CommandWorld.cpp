@@ -1,7 +1,7 @@
 #include "cli/CommandWorld.h"
 
 #include "app/LanguageOffset.h"
-#include "files/ProgramPlace.h"
+#include "files/ProgramFiles.h"
 #include "options/LanguageFile.h"
 #include "serial/PortFaultText.h"
 

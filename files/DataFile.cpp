@@ -1,7 +1,6 @@
 #include "files/DataFile.h"
 
 #include "files/NumberText.h"
-#include "measure/ReadingText.h"
 
 #include <algorithm>
 #include <string_view>

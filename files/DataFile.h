@@ -3,6 +3,7 @@
 #include "app/ProgramVersion.h"
 #include "files/CodePage.h"
 #include "files/FileStore.h"
+#include "files/NumberText.h"
 #include "measure/MeasurementArrays.h"
 
 #include <cstdint>
@@ -10,6 +11,11 @@
 #include <string>
 
 namespace quorvane {
+
+/// How averages (TWA, STEL) and integrated mass concentrations are written; counts and concentrations are
+/// written in general form.
+inline constexpr NumberPattern kAveragePattern{.integerDigits = 1, .minDecimals = 1, .maxDecimals = 4};
+inline constexpr NumberPattern kIntegratedPattern{.integerDigits = 1, .minDecimals = 1, .maxDecimals = 3};
 
 /// Layouts of a data file.
 inline constexpr std::int16_t kFullLayout = 0;  ///< with the exposure averages

@@ -1,5 +1,7 @@
 #include "measure/ReadingText.h"
 
+#include "files/DataFile.h"
+
 namespace quorvane {
 
 std::string ReadingText(const MeasurementArrays& arrays, int sample, ReadingColumn column,

@@ -8,11 +8,6 @@
 
 namespace quorvane {
 
-/// How averages (TWA, STEL) and integrated mass concentrations are written, in the file and on the screen;
-/// counts and concentrations are written in general form.
-inline constexpr NumberPattern kAveragePattern{.integerDigits = 1, .minDecimals = 1, .maxDecimals = 4};
-inline constexpr NumberPattern kIntegratedPattern{.integerDigits = 1, .minDecimals = 1, .maxDecimals = 3};
-
 /// The same with a steady number of decimals, where they are watched: figures must not jump from side to
 /// side.
 inline constexpr NumberPattern kSteadyAveragePattern{.integerDigits = 1, .minDecimals = 4, .maxDecimals = 4};
@@ -22,7 +17,7 @@ inline constexpr NumberPattern kSteadyConcPattern{.integerDigits = 1, .minDecima
 enum class ReadingColumn { Time, Count, Conc, Twa, Stel, IntegratedCount, IntegratedConc };
 inline constexpr int kReadingColumns = 7;
 
-/// The text of one value of reading `sample` (from 1).
+/// The text of one value of reading `sample` (from 1), as the data file has it.
 [[nodiscard]] std::string ReadingText(const MeasurementArrays& arrays, int sample, ReadingColumn column,
                                       std::string_view decimalSign);
 

@@ -1,9 +1,9 @@
 #include "app/DesktopProgram.h"
 
 #include "measure/LiveTable.h"
-#include "tests/platform/ScopedEnvironment.h"
 #include "tests/support/ChildProgram.h"
 #include "tests/support/Operator.h"
+#include "tests/support/ScopedEnvironment.h"
 
 #include <QAction>
 #include <QLineEdit>

@@ -1,7 +1,7 @@
 #include "platform/Platform.h"
 #include "platform/posix/PosixFolders.h"
 #include "tests/platform/OrdinaryUser.h"
-#include "tests/platform/ScopedEnvironment.h"
+#include "tests/support/ScopedEnvironment.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <pwd.h>

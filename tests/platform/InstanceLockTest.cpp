@@ -1,6 +1,6 @@
 #include "platform/posix/PosixInstanceLock.h"
 #include "tests/platform/OrdinaryUser.h"
-#include "tests/platform/ScopedEnvironment.h"
+#include "tests/support/ScopedEnvironment.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <csignal>

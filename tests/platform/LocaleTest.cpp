@@ -2,7 +2,7 @@
 #include "platform/posix/LanguageName.h"
 #include "platform/posix/PosixLocaleItems.h"
 #include "platform/posix/StrftimePattern.h"
-#include "tests/platform/ScopedEnvironment.h"
+#include "tests/support/ScopedEnvironment.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/Platform.h"
-#include "tests/platform/ScopedEnvironment.h"
+#include "tests/support/ScopedEnvironment.h"
 
 #include <cerrno>
 #include <ctime>

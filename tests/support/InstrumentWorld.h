@@ -1,8 +1,10 @@
 #pragma once
 
+#include "measure/MeasurementRun.h"
 #include "tests/support/LinkWorld.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quorvane {
@@ -18,6 +20,25 @@ struct InstrumentWorld : LinkWorld {
         state.SamplingSeconds = 1;
         state.TwaAlarm = state.StelAlarm = state.CAlarm = 10;
         port.onOutput = [this](const std::string& text) { Respond(text); };
+    }
+
+    // What a run works with.
+    MeasurementArrays arrays;
+    WorldTimer timer2{world};
+    WorldTimer timer3{world};
+    [[nodiscard]] RunServices Services(RandomSource random)
+    {
+        return {.link = link,
+                .control = port,
+                .pump = world,
+                .timer1 = timer1,
+                .timer2 = timer2,
+                .timer3 = timer3,
+                .clock = world,
+                .prompts = prompts,
+                .log = log,
+                .texts = texts,
+                .random = std::move(random)};
     }
 
     // The instrument's script.

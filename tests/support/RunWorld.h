@@ -44,27 +44,10 @@ public:
 struct RunWorld : InstrumentWorld {
     using InstrumentWorld::InstrumentWorld;
 
-    MeasurementArrays arrays;
     RunListener listener;
-    WorldTimer timer2{world};
-    WorldTimer timer3{world};
     int saves = 0;
     double nextRandom = 0.5;
-    MeasurementRun run{state,
-                       arrays,
-                       {.link = link,
-                        .control = port,
-                        .pump = world,
-                        .timer1 = timer1,
-                        .timer2 = timer2,
-                        .timer3 = timer3,
-                        .clock = world,
-                        .prompts = prompts,
-                        .log = log,
-                        .texts = texts,
-                        .random = [this] { return nextRandom; }},
-                       [this] { ++saves; },
-                       listener};
+    MeasurementRun run{state, arrays, Services([this] { return nextRandom; }), [this] { ++saves; }, listener};
 };
 
 } // namespace quorvane

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "app/FrmMenu.h"
+#include "measure/LiveTable.h"
 #include "tests/support/InstrumentWorld.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <gtest/gtest.h>
 #include <memory>
 
 namespace quorvane {
@@ -34,17 +38,7 @@ struct WindowWorld : InstrumentWorld {
     void Open()
     {
         settings.SaveSettings();
-        window = std::make_unique<FrmMenu>(state, FrmMenu::Parts{.run = {.link = link,
-                                                                         .control = port,
-                                                                         .pump = world,
-                                                                         .timer1 = timer1,
-                                                                         .timer2 = timer2,
-                                                                         .timer3 = timer3,
-                                                                         .clock = world,
-                                                                         .prompts = prompts,
-                                                                         .log = log,
-                                                                         .texts = texts,
-                                                                         .random = [] { return 0.5; }},
+        window = std::make_unique<FrmMenu>(state, FrmMenu::Parts{.run = Services([] { return 0.5; }),
                                                                  .statusTimer = statusTimer,
                                                                  .locale = locale,
                                                                  .saveCommand = save,
@@ -83,13 +77,39 @@ struct WindowWorld : InstrumentWorld {
         lines.clear();
     }
 
+    void Trigger(const char* action)
+    {
+        Find<QAction>(action)->trigger();
+        QApplication::processEvents();
+    }
+
+    [[nodiscard]] int Rows() const { return Find<LiveTable>("vaSpread1")->model()->rowCount(); }
+    [[nodiscard]] std::string Cell(int row, int column) const
+    {
+        return Find<LiveTable>("vaSpread1")->model()->index(row, column).data().toString().toStdString();
+    }
+    [[nodiscard]] std::string Label(const char* name) const
+    {
+        return Find<QLabel>(name)->text().toStdString();
+    }
+    [[nodiscard]] bool Enabled(const char* action) const { return Find<QAction>(action)->isEnabled(); }
     [[nodiscard]] std::string Caption() const { return Find<QPushButton>("Command1")->text().toStdString(); }
+    /// What has to hold whenever no run is under way, whatever happened before.
+    void ExpectIdle()
+    {
+        EXPECT_EQ(window->Run().State(), RunState::Idle);
+        EXPECT_FALSE(port.IsOpen());
+        EXPECT_FALSE(timer1.Enabled() || timer2.Enabled() || timer3.Enabled());
+        EXPECT_EQ(Caption(), "Measure Start");
+        EXPECT_TRUE(Enabled("MenuMeasureStart"));
+        EXPECT_FALSE(Enabled("MenuMeasureEnd"));
+        EXPECT_TRUE(Find<QWidget>("Text1")->isEnabled());
+        EXPECT_EQ(Rows(), state.SampleCount);
+    }
+
     std::function<void(long)> onPump;
     int closed = 0;
-    WorldTimer timer2{world};
-    WorldTimer timer3{world};
     WorldTimer statusTimer{world};
-    MeasurementArrays arrays;
     SettingsFile settings{state, files, codePage, world, locale, {0, 1, 0}};
     SaveCommand save{state, arrays, {files, codePage, locale, world, prompts, texts, {0, 1, 0}}};
     std::unique_ptr<FrmMenu> window;

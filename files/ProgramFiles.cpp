@@ -1,4 +1,4 @@
-#include "files/ProgramPlace.h"
+#include "files/ProgramFiles.h"
 
 #include "files/AppFiles.h"
 #include "resources/OwnTexts.h"

@@ -1,4 +1,4 @@
-#include "files/ProgramPlace.h"
+#include "files/ProgramFiles.h"
 
 #include "files/AppFiles.h"
 #include "tests/support/MemoryFileStore.h"
@@ -12,7 +12,7 @@ namespace {
 
 using testing::IsEmpty;
 
-struct ProgramPlaceTest : testing::Test {
+struct ProgramFilesTest : testing::Test {
     ProgramFiles Find() { return FindProgramFiles(candidates, folders, store); }
     std::string& Beside(std::string_view name) { return store.files[FileInFolder("program", name)]; }
     std::string& Own(std::string_view name) { return store.files[FileInFolder("user", name)]; }
@@ -22,7 +22,7 @@ struct ProgramPlaceTest : testing::Test {
     MemoryFileStore store;
 };
 
-TEST_F(ProgramPlaceTest, IsTheNamedFolderThenTheProgramsThenTheUsers)
+TEST_F(ProgramFilesTest, IsTheNamedFolderThenTheProgramsThenTheUsers)
 {
     struct Row {
         std::string_view what;
@@ -58,7 +58,7 @@ TEST_F(ProgramPlaceTest, IsTheNamedFolderThenTheProgramsThenTheUsers)
     EXPECT_THAT(store.files, IsEmpty());
 }
 
-TEST_F(ProgramPlaceTest, AUserFolderThatIsThereButWriteProtectedIsNone)
+TEST_F(ProgramFilesTest, AUserFolderThatIsThereButWriteProtectedIsNone)
 {
     struct Protected : MemoryFolders {
         bool CanWrite(const std::string&) const override { return false; }
@@ -66,7 +66,7 @@ TEST_F(ProgramPlaceTest, AUserFolderThatIsThereButWriteProtectedIsNone)
     EXPECT_EQ(FindProgramFiles(candidates, unwritable, store).place, FilesPlace::Unwritable);
 }
 
-TEST_F(ProgramPlaceTest, FilesBesideTheProgramAreCopiedOnce)
+TEST_F(ProgramFilesTest, FilesBesideTheProgramAreCopiedOnce)
 {
     Beside("Quorvane.ini") = "installed";
     Beside("RSErr.log") = "old trouble";
@@ -84,7 +84,7 @@ TEST_F(ProgramPlaceTest, FilesBesideTheProgramAreCopiedOnce)
     EXPECT_EQ(store.files.size(), 5U) << "what was removed stays so";
 }
 
-TEST_F(ProgramPlaceTest, AFailedCopyIsTriedAgain)
+TEST_F(ProgramFilesTest, AFailedCopyIsTriedAgain)
 {
     Beside("Quorvane.ini") = "installed";
     store.replaceFault = FileFault{FileFaultKind::NoSpace, "full"};
@@ -94,7 +94,7 @@ TEST_F(ProgramPlaceTest, AFailedCopyIsTriedAgain)
     EXPECT_EQ(Own("Quorvane.ini"), "installed");
 }
 
-TEST_F(ProgramPlaceTest, TheOperatorIsToldOfAnUnusualPlaceOnly)
+TEST_F(ProgramFilesTest, TheOperatorIsToldOfAnUnusualPlaceOnly)
 {
     const StringTable table(TableLanguage::English);
     const ProgramPlace english;
