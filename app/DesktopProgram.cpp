@@ -65,8 +65,10 @@ int DesktopProgram::Run()
         interrupts; // before this a request to end ends the program, which has nothing to lose
     int seen = 0;
     interruptTimer_.OnTick([&] {
-        for (; seen < interrupts.Count(); ++seen)
-            window_->close();
+        if (interrupts.Count() == seen)
+            return;
+        window_->close();
+        seen = interrupts.Count(); // those that came behind the question are answered with it
     });
     interruptTimer_.SetInterval(kInterruptPace);
     interruptTimer_.Enable();

@@ -24,6 +24,7 @@ constexpr int kStartCaption = 223;
 constexpr int kEndCaption = 225;
 constexpr int kUnsavedText = 228;
 constexpr std::chrono::milliseconds kStatusPace{250};
+constexpr std::chrono::milliseconds kPressesApart{500};
 
 } // namespace
 
@@ -141,10 +142,6 @@ void FrmMenu::SetShortcuts()
     ui_->MenuMeasureStart->setShortcut(QKeySequence(Qt::Key_F5));
     ui_->MenuMeasureEnd->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F5));
     ui_->MenuAlarmReset->setShortcut(QKeySequence(Qt::Key_F8));
-    for (QAction* action :
-         {ui_->MenuMeasureStart, ui_->MenuMeasureEnd}) // a key held down is one press; a second
-        action->setAutoRepeat(false);                  // stop would give the stop exchange up
-    ui_->Command1->installEventFilter(this);
 }
 
 void FrmMenu::SetCaptions()
@@ -208,18 +205,22 @@ void FrmMenu::UpdateStatus()
     status_.Show(text);
 }
 
-/// A double click on the start/stop button is one click: its second half would stop what the first has
-/// started.
-bool FrmMenu::eventFilter(QObject* watched, QEvent* event)
-{
-    const bool secondHalf = watched == ui_->Command1 && event->type() == QEvent::MouseButtonDblClick;
-    return secondHalf || QMainWindow::eventFilter(watched, event);
-}
-
 // ---- commands -------------------------------------------------------------------------------------------
+
+/// Presses in quick succession are one, be it a double click or a key held down: the second would stop what
+/// the first has started, or give the stop exchange up.
+bool FrmMenu::IsPressOfItsOwn()
+{
+    const auto now = parts_.run.clock.SteadyNow();
+    const bool own = !lastPress_ || now - *lastPress_ >= kPressesApart;
+    lastPress_ = now;
+    return own;
+}
 
 void FrmMenu::Command1Click()
 {
+    if (!IsPressOfItsOwn())
+        return;
     if (run_.Command1CaptionId() == kEndCaption) {
         run_.Stop();
         return;
@@ -233,7 +234,7 @@ void FrmMenu::Command1Click()
 
 void FrmMenu::StartMeasurement()
 {
-    if (Busy())
+    if (Busy() || !isVisible()) // it was queued, and the window may have closed since
         return;
     const Command command(*this);
     if (run_.Start() == RunResult::LimitsDisorder)

@@ -12,6 +12,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class FrmMenu;
@@ -44,7 +45,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     class Command;
@@ -58,6 +58,7 @@ private:
     void UpdateStatus();
     void ShowReading(int sample);
 
+    [[nodiscard]] bool IsPressOfItsOwn();
     void Command1Click();
     void StartMeasurement();
     void MenuSave();
@@ -87,6 +88,7 @@ private:
     int commands_ = 0;         ///< being carried out, perhaps with a question on the screen
     bool closeWanted_ = false; ///< the window was to be closed meanwhile
     bool button1HadFocus_ = false;
+    std::optional<std::chrono::steady_clock::time_point> lastPress_; ///< of start or stop
 };
 
 } // namespace quorvane

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QSplitter>
 #include <QTreeView>
 #include <QUrl>
@@ -107,7 +108,7 @@ void SaveDialog::SetFilters()
 
 void SaveDialog::accept()
 {
-    const QStringList typed = selectedFiles();
+    const QStringList typed = TypedPaths();
     const bool isFolder = !typed.isEmpty() && QFileInfo(typed.first()).isDir();
     if (typed.isEmpty() || isFolder) {
         QFileDialog::accept(); // enters it
@@ -118,6 +119,14 @@ void SaveDialog::accept()
         return;
     chosen_ = QDir::toNativeSeparators(path);
     done(Accepted);
+}
+
+/// The toolkit takes what stands between quotation marks for a list of names, and would save under another.
+QStringList SaveDialog::TypedPaths() const
+{
+    const auto* const name = findChild<QLineEdit*>();
+    const bool quoted = name != nullptr && name->text().contains(QLatin1Char('"'));
+    return quoted ? QStringList{directory().absoluteFilePath(name->text())} : selectedFiles();
 }
 
 QString SaveDialog::FinalPath(const QString& typed) const

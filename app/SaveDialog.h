@@ -30,6 +30,7 @@ private:
     void GiveRoom();
     void SetFolder(const QString& folder);
     void SetFilters();
+    [[nodiscard]] QStringList TypedPaths() const;
     [[nodiscard]] QString FinalPath(const QString& typed) const;
     [[nodiscard]] bool CanBeTaken(const QString& path);
     void Refuse(int textId);

@@ -9,13 +9,13 @@
 namespace quorvane {
 namespace {
 
-/// Takes the room that is left, and shows as much of its text as fits: a long path must not widen the window.
+constexpr int kPortCharacters = 12; // "COM15" and some room
+
+/// Shows as much of its text as fits: a long path, or whatever the settings file says, must not widen the
+/// window.
 class ElidedLabel final : public QLabel {
 public:
-    explicit ElidedLabel(QWidget* parent) : QLabel(parent)
-    {
-        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    }
+    using QLabel::QLabel;
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override
@@ -50,9 +50,11 @@ StatusLine::StatusLine(QStatusBar& bar)
       timeLeft_(NewField<QLabel>(bar, "StatusTimeLeft")),
       behind_(NewField<QLabel>(bar, "StatusBehind")),
       mode_(NewField<QLabel>(bar, "StatusMode")),
-      port_(NewField<QLabel>(bar, "StatusPort"))
+      port_(NewField<ElidedLabel>(bar, "StatusPort"))
 {
     bar.addWidget(state_);
+    announcement_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // what room is left
+    port_->setMaximumWidth(port_->fontMetrics().averageCharWidth() * kPortCharacters);
     bar.addWidget(announcement_, 1);
     for (QLabel* field : {sample_, timeLeft_, behind_, mode_, port_})
         bar.addPermanentWidget(field);
@@ -71,7 +73,7 @@ void StatusLine::Show(const RunStatusText& text)
 void StatusLine::Announce(const QString& text)
 {
     announcement_->setText(text);
-    announcement_->setToolTip(text);
+    announcement_->setToolTip(text.toHtmlEscaped());
 }
 
 } // namespace quorvane

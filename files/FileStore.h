@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +14,9 @@ struct FileFault {
     FileFaultKind kind = FileFaultKind::Other;
     std::string systemReason; ///< in the system's words, UTF-8
 };
+
+/// More than any file of this program; a larger one is not read, for it would not fit into memory.
+inline constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
 
 /// Whole files. Paths are UTF-8; contents are bytes. Each operation returns why it failed, or nothing.
 class FileStore {

@@ -17,9 +17,10 @@ bool LimitInput::TextChanged(std::string_view text, std::string_view decimalSign
 {
     if (text.empty())
         return true;
-    std::string number(text);
-    if (const std::size_t sign = number.find(decimalSign); sign != std::string::npos && !decimalSign.empty())
-        number.replace(sign, decimalSign.size(), ".");
+    const std::size_t sign = decimalSign.empty() ? std::string_view::npos : text.find(decimalSign);
+    std::string number(text.substr(0, sign));
+    if (sign != std::string_view::npos)
+        number.append(1, '.').append(text.substr(sign + decimalSign.size()));
     const double value = LeadingNumber(number);
     if (!(value >= 0 && value <= kHighestAlarmLimit))
         return false;
@@ -34,13 +35,11 @@ bool LimitInput::IsValid() const
 
 Message LimitRangeMessage(const Texts& texts)
 {
-    const std::string range =
-        "(" + GeneralText(kLowestAlarmLimit) + "-" + GeneralText(kHighestAlarmLimit) + ")";
+    std::string text = texts[kOutOfRangeText];
+    text.append("(").append(GeneralText(kLowestAlarmLimit));
+    text.append("-").append(GeneralText(kHighestAlarmLimit)).append(")");
     // The title is another dialog's; it is kept as the operators know it.
-    return {.text = texts[kOutOfRangeText] + range,
-            .icon = Icon::Critical,
-            .titleId = kInstrumentSettingTitle,
-            .buttons = Buttons::Ok};
+    return {.text = text, .icon = Icon::Critical, .titleId = kInstrumentSettingTitle, .buttons = Buttons::Ok};
 }
 
 } // namespace quorvane

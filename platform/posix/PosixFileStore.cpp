@@ -206,7 +206,6 @@ Fault PosixFileStore::ReadWhole(const std::string& path, std::string& bytes) con
     struct stat status {};
     if (Fault fault = OpenRegular(path, O_RDONLY, file, status))
         return fault;
-    bytes.reserve(static_cast<std::size_t>(status.st_size));
     std::array<char, 65536> block;
     for (;;) {
         const ssize_t count = ::read(file.Get(), block.data(), block.size());
@@ -214,6 +213,10 @@ Fault PosixFileStore::ReadWhole(const std::string& path, std::string& bytes) con
             return std::nullopt;
         if (count > 0) {
             bytes.append(block.data(), static_cast<std::size_t>(count));
+            if (bytes.size() > kLargestFile) {
+                bytes.clear();
+                return FaultOf(EFBIG);
+            }
         } else if (errno != EINTR) {
             const int error = errno;
             bytes.clear();

@@ -191,6 +191,10 @@ Fault WindowsFileStore::ReadWhole(const std::string& path, std::string& bytes) c
         if (count == 0)
             return std::nullopt;
         bytes.append(block.data(), count);
+        if (bytes.size() > kLargestFile) {
+            bytes.clear();
+            return FaultOf(ERROR_FILE_TOO_LARGE);
+        }
     }
 }
 

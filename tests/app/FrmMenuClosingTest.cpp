@@ -110,6 +110,7 @@ TEST_F(FrmMenuClosingTest, ACloseWhileTheRunConnectsOrTheStartAsksStopsIt)
             Measure();
             Plan(50, 1);
         }
+        Pause();
         prompts.whileOpen = [&] { window->close(); };
         onPump = [&](long) {
             if (!asks)
@@ -117,7 +118,7 @@ TEST_F(FrmMenuClosingTest, ACloseWhileTheRunConnectsOrTheStartAsksStopsIt)
         };
         const int before = state.SampleCount;
         const World::Time began = world.Elapsed();
-        Measure(); // asked about the first readings: No, and the close comes meanwhile
+        MeasureAtOnce(); // asked about the first readings: No, and the close comes meanwhile
         QApplication::processEvents();
         EXPECT_EQ(state.SampleCount, before);
         EXPECT_LT(world.Elapsed() - began, 10s);
@@ -170,6 +171,7 @@ TEST_F(FrmMenuClosingTest, EndsInOrderWhateverComesAtWhateverMoment)
             SCOPED_TRACE(std::string(event.what) + " at pump " + std::to_string(k));
             WindowWorld::Plan(2, 1);
             Open();
+            Pause();
             const long before = world.Pumps();
             bool happened = false;
             onPump = [&](long) {
@@ -178,7 +180,7 @@ TEST_F(FrmMenuClosingTest, EndsInOrderWhateverComesAtWhateverMoment)
                     event.happens();
                 }
             };
-            Measure();
+            MeasureAtOnce();
             onPump = nullptr;
             QApplication::processEvents();
             last = std::max(last, world.Pumps() - before);

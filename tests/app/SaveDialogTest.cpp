@@ -71,6 +71,12 @@ struct SaveDialogTest : testing::Test {
     }
 };
 
+TEST_F(SaveDialogTest, AQuotationMarkIsPartOfTheName)
+{
+    someone.Does({Save(u"12\" pipe"_qs)});
+    EXPECT_EQ(Ask(), Path(u"12\" pipe.csv"_qs));
+}
+
 TEST_F(SaveDialogTest, TheExtensionIsAddedWhileItsFilterIsChosen)
 {
     someone.Does({Save(u"run"_qs)});

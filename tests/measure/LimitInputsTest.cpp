@@ -134,6 +134,7 @@ TEST_F(LimitInputsTest, AreCheckedBeforeEveryStart)
     for (const char* way : {"button", "menu", "shortcut"}) {
         SCOPED_TRACE(way);
         prompts.messages.clear();
+        Pause();
         Type(2, "0");
         if (way == std::string_view("button"))
             Click("Command1");

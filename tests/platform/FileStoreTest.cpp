@@ -152,6 +152,16 @@ TEST_F(FileStoreTest, SaysWhatIsMissingOrForbidden)
     EXPECT_THAT(Names(), ElementsAre("protected.csv"));
 }
 
+TEST_F(FileStoreTest, AFileThatWouldNotFitIntoMemoryIsNotRead)
+{
+    const std::string path = In("huge");
+    std::ofstream(path).close();
+    fs::resize_file(path, kLargestFile + 1); // takes no room on the disk
+    std::string bytes = "old";
+    EXPECT_TRUE(store_.ReadWhole(path, bytes));
+    EXPECT_EQ(bytes, "");
+}
+
 TEST_F(FileStoreTest, AppendsAndReadsWholeFiles)
 {
     const std::string large(200'001, 'x');

@@ -69,7 +69,14 @@ struct WindowWorld : InstrumentWorld {
         QTest::keyClick(focus == nullptr ? window.get() : focus, key, modifiers);
         QApplication::processEvents();
     }
+    /// The operator takes a breath: presses in quick succession are one.
+    void Pause() { static_cast<void>(world.Serve(std::chrono::seconds(1))); }
     void Measure()
+    {
+        Pause();
+        MeasureAtOnce();
+    }
+    void MeasureAtOnce()
     {
         GiveLines(static_cast<int>(state.TotalSamples));
         Click("Command1");
