@@ -21,15 +21,11 @@ public:
     Answer Show(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
 
-    /// How many boxes and dialogs of this object are open.
-    [[nodiscard]] int Open() const { return open_; }
-
 private:
     [[nodiscard]] QWidget* Parent() const;
 
     const Texts& texts_;
     QPointer<QWidget> window_;
-    int open_ = 0;
 };
 
 } // namespace quorvane

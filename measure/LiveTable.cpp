@@ -17,7 +17,7 @@ constexpr int kRowsInSight = 6;
 
 LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(this))
 {
-    QFont font = this->font();
+    QFont font = this->font(); // the font operators know the table by, where it is installed
     font.setFamilies(QStringList{QStringLiteral("MS PGothic")} + font.families());
     setFont(font);
     setEditTriggers(NoEditTriggers);
