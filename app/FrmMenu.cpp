@@ -80,7 +80,10 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
     Connect();
 }
 
-FrmMenu::~FrmMenu() = default;
+FrmMenu::~FrmMenu()
+{
+    parts_.statusTimer.Disable(); // it may live longer
+}
 
 // ---- the window -----------------------------------------------------------------------------------------
 
