@@ -20,6 +20,10 @@ constexpr int kInstrumentSettingTitle = 161;
 constexpr int kStartCaption = 223;
 constexpr int kEndCaption = 225;
 
+/// Between readings the timers come by themselves; a look is for a lost port and for bytes that must not
+/// wait.
+constexpr std::chrono::milliseconds kRunNap{50};
+
 } // namespace
 
 MeasurementRun::MeasurementRun(ApplicationState& state, MeasurementArrays& arrays, RunServices services,
@@ -185,7 +189,7 @@ void MeasurementRun::Measure(bool requestTaken)
         Fail();
     }
     while (state_.SampleCount < PlannedSamples() && CancelRequested == 0) {
-        if (ServeRun(kNap) && state_.RunMode)
+        if (ServeRun(kRunNap) && state_.RunMode)
             lines_.Look();
     }
 }

@@ -49,7 +49,7 @@ TEST(MeasurementRunFaults, WaitsForDataWithoutEnd)
     long pumps = 0;
     with.world.After(1h, [&] { pumps = with.world.Pumps(); });
     with.world.After(2h, [&] {
-        EXPECT_LE(with.world.Pumps() - pumps, 2 * 180'000) << "a look each 20 ms, in run and wait";
+        EXPECT_LE(with.world.Pumps() - pumps, 2 * 180'000) << "a look each 20 ms at most, in run and wait";
     });
     EXPECT_EQ(with.run.Start(), RunResult::Completed);
     EXPECT_EQ(waitedSeconds, 21) << "the count ends once it exceeds 20";
@@ -421,7 +421,7 @@ TEST(MeasurementRunFaults, SurvivesAnythingAtAnyPump)
             };
             const RunResult result = with.run.Start();
             if (!happened) {
-                EXPECT_GT(k, 400) << "the sweep went through the whole run";
+                EXPECT_GT(k, 300) << "the sweep went through the whole run";
                 EXPECT_EQ(result, RunResult::Completed);
                 break;
             }
