@@ -42,15 +42,8 @@ void LimitBox::focusOutEvent(QFocusEvent* event)
         Q_EMIT Left();
 }
 
-// The press that brings the focus would put the cursor, and the hand that moves meanwhile would drag a
-// selection: neither is meant.
-
-void LimitBox::mouseMoveEvent(QMouseEvent* event)
-{
-    if (!enteredByMouse_)
-        QLineEdit::mouseMoveEvent(event);
-}
-
+/// The press that brings the focus puts the cursor, and the hand that moves meanwhile drags a selection:
+/// neither is meant.
 void LimitBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QLineEdit::mouseReleaseEvent(event);

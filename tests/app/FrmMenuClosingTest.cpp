@@ -1,5 +1,6 @@
 #include "tests/support/WindowWorld.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -113,14 +114,15 @@ TEST_F(FrmMenuClosingTest, ACloseWhileTheRunConnectsOrTheStartAsksStopsIt)
         Pause();
         prompts.whileOpen = [&] { window->close(); };
         onPump = [&](long) {
-            if (!asks)
-                window->close(); // the first pump is the start exchange's
+            if (!asks && window->Run().State() == RunState::Starting)
+                window->close();
         };
         const int before = state.SampleCount;
         const World::Time began = world.Elapsed();
         MeasureAtOnce(); // asked about the first readings: No, and the close comes meanwhile
         QApplication::processEvents();
         EXPECT_EQ(state.SampleCount, before);
+        EXPECT_EQ(std::ranges::count(port.sent, "D\r\n"), asks ? 1 : 0); // that of the first run
         EXPECT_LT(world.Elapsed() - began, 10s);
         EXPECT_FALSE(window->isVisible());
         if (asks) {
