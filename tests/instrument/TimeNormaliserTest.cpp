@@ -11,11 +11,6 @@ using namespace std::chrono_literals;
 
 constexpr LocalMoment kMidnight = std::chrono::local_days{2024y / 3 / 5};
 
-std::string TwoDigits(int number)
-{
-    return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
-}
-
 /// A computer and its program.
 struct Computer {
     FixedLocale locale;
@@ -109,22 +104,6 @@ TEST(TimeNormaliser, FollowsTheRegionalSettings)
     EXPECT_EQ(computer.NormalisedTime(kMidnight + 12h), "24:00:00");
     computer.locale.timeFormat = "H:mm";
     EXPECT_EQ(computer.NormalisedTime(kMidnight + 12h), "12:00:00");
-}
-
-TEST(TimeNormaliser, IsRightInEveryMinuteOfTheDay)
-{
-    Computer computer;
-    for (const std::string format : {"HH:mm:ss", "H:m:s", "h:mm:ss tt", "hh.mm.ss tt", "tt h:m:s"}) {
-        computer.locale.timeFormat = format;
-        const bool twelveHours = format.find('h') != std::string::npos;
-        for (int minute = 0; minute < 24 * 60; ++minute) {
-            // Meant: the hour after midnight is 12 and the one after noon 24 where the clock has 12 hours.
-            const int hour = minute / 60 + (twelveHours && minute / 60 % 12 == 0 ? 12 : 0);
-            const std::string expected = TwoDigits(hour) + ":" + TwoDigits(minute % 60) + ":07";
-            EXPECT_EQ(computer.NormalisedTime(kMidnight + std::chrono::minutes(minute) + 7s), expected)
-                << format;
-        }
-    }
 }
 
 } // namespace

@@ -1,8 +1,5 @@
 #include "measure/LimitInput.h"
 
-#include "app/ApplicationState.h"
-#include "app/Texts.h"
-
 #include <gtest/gtest.h>
 
 namespace quorvane {
@@ -39,16 +36,6 @@ TEST(LimitInputTest, StoresWhileTypingFromZeroUpAndIsValidFromTheLowestLimitUp)
         EXPECT_EQ(limit, row.limit);
         EXPECT_EQ(input.IsValid(), row.valid);
     }
-}
-
-TEST(LimitInputTest, TellsTheRange)
-{
-    const StringTable table(TableLanguage::English);
-    const ApplicationState state;
-    const Message message = LimitRangeMessage(Texts(table, state));
-    EXPECT_EQ(message.text, "It is over the setting range. Redo setup.(0.001-10)");
-    EXPECT_EQ(message.titleId, 161); // another dialog's title, meant
-    EXPECT_EQ(message.icon, Icon::Critical);
 }
 
 } // namespace

@@ -53,7 +53,8 @@ TEST_F(LimitInputsTest, ShowTheStoredLimitAgainAfterTheMessage)
     Open();
     Type(3, "11"); // refused at the second digit: 1 is stored by then
     EXPECT_THAT(Messages(), ElementsAre("It is over the setting range. Redo setup.(0.001-10)"));
-    EXPECT_EQ(prompts.messages[0].titleId, 161);
+    EXPECT_EQ(prompts.messages[0].titleId, 161); // another dialog's, meant
+    EXPECT_EQ(prompts.messages[0].icon, Icon::Critical);
     EXPECT_EQ(Box(3)->text(), QStringLiteral("1"));
     EXPECT_EQ(state.CAlarm, 1);
 

@@ -1,19 +1,32 @@
+#include "files/NumberText.h"
 #include "platform/posix/PosixSystemInfo.h"
 #include "platform/posix/ProcessorList.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
 
 namespace quorvane {
 namespace {
 
-/// Processors of a machine that has only these files.
-std::vector<ProcessorRecord> List(const std::map<std::string, std::string>& files)
+using testing::ElementsAre;
+
+/// Processors of a machine that has only these files, a line for each: description, name, maker, clocks,
+/// cache.
+std::vector<std::string> List(const std::map<std::string, std::string>& files)
 {
-    return ListProcessors([&](const std::string& path) {
+    const auto processors = ListProcessors([&](const std::string& path) {
         const auto file = files.find(path);
         return file == files.end() ? std::string() : file->second;
     });
+    std::vector<std::string> lines;
+    for (const ProcessorRecord& record : processors) {
+        const std::string cache = record.l2CacheSize ? GeneralText(*record.l2CacheSize) : "unknown";
+        lines.push_back(record.description + "|" + record.name + "|" + record.manufacturer + "|" +
+                        GeneralText(record.currentClockSpeed) + "|" + GeneralText(record.maxClockSpeed) +
+                        "|" + cache);
+    }
+    return lines;
 }
 
 constexpr char kCpuInfo[] = "/proc/cpuinfo";
@@ -35,17 +48,9 @@ TEST(ProcessorList, ReadsAPc)
         {kCpu1 + "/cache/index3/level", "3\n"},
         {kCpu1 + "/cache/index3/size", "12288K\n"},
     });
-    ASSERT_EQ(processors.size(), 2U);
-    EXPECT_EQ(processors[0].manufacturer, "GenuineA");
-    EXPECT_EQ(processors[0].name, "");
-    EXPECT_EQ(processors[0].maxClockSpeed, 0);
-    EXPECT_FALSE(processors[0].l2CacheSize);
-    EXPECT_EQ(processors[1].manufacturer, "GenuineB");
-    EXPECT_EQ(processors[1].description, "Family 6 Model 158 Stepping 10");
-    EXPECT_EQ(processors[1].name, "Fast Chip: CPU @ 2.60GHz");
-    EXPECT_EQ(processors[1].currentClockSpeed, 2596.15);
-    EXPECT_EQ(processors[1].maxClockSpeed, 4500);
-    EXPECT_EQ(processors[1].l2CacheSize, 256);
+    EXPECT_THAT(processors, ElementsAre("||GenuineA|0|0|unknown",
+                                        "Family 6 Model 158 Stepping 10|Fast Chip: CPU @ 2.60GHz|GenuineB|"
+                                        "2596.15|4500|256"));
 }
 
 TEST(ProcessorList, ReadsAnArmBoardWhereMuchIsMissing)
@@ -61,14 +66,9 @@ TEST(ProcessorList, ReadsAnArmBoardWhereMuchIsMissing)
         {kCpu1 + "/cache/index2/size", "1M"},
     });
     ASSERT_EQ(processors.size(), 2U);
-    EXPECT_EQ(processors[0].description, "");
-    EXPECT_EQ(processors[0].name, "Board 4 Rev 1.1");
-    EXPECT_EQ(processors[1].description, "Architecture 8 Variant 0x0 Part 0xd08 Revision 3");
-    EXPECT_EQ(processors[1].name, "Board 4 Rev 1.1");
-    EXPECT_EQ(processors[1].manufacturer, "ARM");
-    EXPECT_EQ(processors[1].currentClockSpeed, 600);
-    EXPECT_EQ(processors[1].maxClockSpeed, 1500);
-    EXPECT_EQ(processors[1].l2CacheSize, 1024);
+    EXPECT_THAT(processors[0], testing::StartsWith("|Board 4 Rev 1.1|"));
+    EXPECT_EQ(processors[1],
+              "Architecture 8 Variant 0x0 Part 0xd08 Revision 3|Board 4 Rev 1.1|ARM|600|1500|1024");
 }
 
 TEST(ProcessorList, AnUnknownFormGivesEmptyFields)
@@ -80,12 +80,7 @@ TEST(ProcessorList, AnUnknownFormGivesEmptyFields)
         {"/sys/devices/system/cpu/cpux/cache/index0/level", "2"},
         {"/sys/devices/system/cpu/cpux/cache/index0/size", "large"},
     });
-    ASSERT_EQ(processors.size(), 1U);
-    EXPECT_EQ(processors[0].description, "");
-    EXPECT_EQ(processors[0].name, "");
-    EXPECT_EQ(processors[0].manufacturer, "0x99") << "an unknown maker keeps its code";
-    EXPECT_EQ(processors[0].currentClockSpeed, 0);
-    EXPECT_FALSE(processors[0].l2CacheSize);
+    EXPECT_THAT(processors, ElementsAre("||0x99|0|0|unknown")); // an unknown maker keeps its code
 }
 
 TEST(SystemInfo, KnowsThisMachine)
