@@ -18,9 +18,6 @@ public:
 
     /// Ends every `Serve` that goes on, and each later one at once.
     void Close();
-    /// Takes `Close` back: the operator decided to stay. What it ended stays ended.
-    void Stay() { closing_ = false; }
-    [[nodiscard]] bool Closing() const { return closing_; }
 
 private:
     std::vector<QEventLoop*> loops_; ///< going on, the innermost last

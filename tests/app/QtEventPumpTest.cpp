@@ -81,7 +81,7 @@ TEST_F(QtEventPumpTest, HandlersMayServeAndTheOuterServingEndsAfterTheInner)
     EXPECT_GE(ticks, 2);
 }
 
-TEST_F(QtEventPumpTest, ClosingEndsEveryServingUntilTheOperatorStays)
+TEST_F(QtEventPumpTest, ClosingEndsEveryServing)
 {
     After(5ms, [&] {
         EXPECT_FALSE(pump.Serve(std::chrono::milliseconds::max()));
@@ -91,23 +91,9 @@ TEST_F(QtEventPumpTest, ClosingEndsEveryServingUntilTheOperatorStays)
     After(20ms, [&] { pump.Close(); });
     EXPECT_FALSE(pump.Serve(10h));
     Note("outer");
-    EXPECT_TRUE(pump.Closing());
     After(0ms, [&] { Note("too early"); });
     EXPECT_FALSE(pump.Serve(0ms));
     EXPECT_EQ(events, "inner outer ");
-    pump.Stay();
-    EXPECT_FALSE(pump.Closing());
-    EXPECT_TRUE(pump.Serve(10ms));
-    EXPECT_EQ(events, "inner outer too early ");
-}
-
-TEST_F(QtEventPumpTest, AServingThatWasEndedSaysSoEvenWhenTheOperatorStays)
-{
-    After(0ms, [&] {
-        pump.Close();
-        pump.Stay();
-    });
-    EXPECT_FALSE(pump.Serve(10h));
 }
 
 TEST_F(QtEventPumpTest, AfterTheApplicationsQuitNoWaitGoesOn)
