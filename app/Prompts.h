@@ -29,6 +29,13 @@ struct SaveQuestion {
     std::string extension;
 };
 
+/// A dialog that asks which file to open.
+struct OpenQuestion {
+    std::string filter;  ///< as of a `SaveQuestion`
+    int filterIndex = 1; ///< the pair chosen at first, from 1
+    std::string folder;  ///< where the dialog starts, UTF-8; the home folder when that does not exist
+};
+
 /// Questions and messages to the operator. May serve events while it waits for the answer.
 class Prompts {
 public:

@@ -14,6 +14,9 @@ void MeasurementArrays::Create(std::int32_t totalSamples)
          {&CountValue, &ConcValue, &DerivedValueA, &DerivedValueB, &IntegratedCount, &IntegratedConc})
         numbers->assign(size, 0);
     Moment.assign(size, {});
+    Simulated = false;
+    Dated = Averages = true;
+    FileDate.clear();
 }
 
 } // namespace quorvane

@@ -22,7 +22,12 @@ struct MeasurementArrays {
     std::vector<std::string> ReplyLine;   ///< the whole line as received
     std::vector<LocalMoment> Moment;      ///< date and time of the reading
 
-    /// Makes all arrays anew for readings 1 to `totalSamples`, everything 0 or empty.
+    bool Simulated = false; ///< the readings are made up
+    bool Dated = true;      ///< `Moment` can be relied upon; not so for a file with a bad date or time
+    bool Averages = true;   ///< `DerivedValueA` and `DerivedValueB` are there; a short data file has none
+    std::string FileDate;   ///< as it stands in the data file that the readings come from; empty for a run's
+
+    /// Makes all arrays anew for readings 1 to `totalSamples`, everything 0 or empty, as for a measured run.
     void Create(std::int32_t totalSamples);
 };
 

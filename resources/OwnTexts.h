@@ -88,6 +88,18 @@ enum OwnText : int {
     kFilesInUserFolderText = 1111,     ///< %1: that folder
     kFilesUnwritableText = 1112,       ///< %1: the program's folder
     kNamedFolderUnwritableText = 1113, ///< %1: the folder that QUORVANE_HOME names
+
+    // The chart: legend, axes, hint. (1121)
+
+    // Chart on paper, in files, on the clipboard. (1141)
+
+    // About the program. (1171)
+
+    // Opening a data file. (1191)
+
+    // Age of the newest reading, ports that come and go. (1221)
+
+    // The main window: toolbar, further menus. (1241)
 };
 
 } // namespace quorvane

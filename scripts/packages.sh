@@ -23,7 +23,8 @@ need_packages() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}" >&2
 }
 
-build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-translations-l10n fonts-noto-cjk)
+build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-translations-l10n libqcustomplot-dev
+    fonts-noto-cjk)
 wayland_packages=(qt6-wayland) # where there is no X server beside it
 desktop_check_packages=(xvfb xdotool imagemagick fonts-noto-cjk)
 test_packages=("${build_packages[@]}" git clang-format-14 clang-tidy-14 libgtest-dev libgmock-dev libbenchmark-dev
