@@ -5,7 +5,7 @@
 
 namespace quorvane {
 
-/// A date-time in days, local time; only differences and order matter, and 0 lies before every reading.
+/// A date-time in days since the beginning of 1970, local time; 0 lies before every reading.
 using ChartTime = double;
 
 /// Position of a series in the chart's list, by which all code addresses it. The operators' names for the

@@ -2,18 +2,19 @@
 
 #include "app/ApplicationState.h"
 #include "graph/ChartControl.h"
+#include "graph/Curves.h"
 #include "measure/MeasurementArrays.h"
 
 namespace quorvane {
 
-/// Which view the flags choose: one relative flag is enough for the relative view, whatever the others say.
-[[nodiscard]] ChartView ViewOf(const GraphFlags& flags);
-
 /// The rules of the live chart: which points a reading adds, how the axes move, which alarm lines are drawn.
 class LiveChart {
 public:
-    /// Takes the control's handlers for itself.
+    /// Takes the control's handlers for itself; the control must not redraw once this is gone. `Rebuild`
+    /// makes the first picture.
     LiveChart(const ApplicationState& state, const MeasurementArrays& arrays, ChartControl& control);
+    LiveChart(const LiveChart&) = delete;
+    LiveChart& operator=(const LiveChart&) = delete;
 
     // ---- a run ----
     /// A run is about to begin: the chart is empty, zoom is off, the value axis starts at 50 in the relative
@@ -23,20 +24,25 @@ public:
     /// reset.
     void AddReading();
     /// Makes all points anew from the arrays' readings 1 to `SampleCount`, with a value axis as if they had
-    /// been measured with the present flags. The time axis stays. Without dates (`Dated`) there are none.
+    /// been measured with the present flags. A zoom is undone; the time axis stays otherwise. Without dates
+    /// (`Dated`) there are no points. Not while a run is under way.
     void Rebuild();
-    /// The same for other readings than before: the time axis shows them all.
+    /// The same for other readings than before: zoom is off and the time axis shows them all.
     void ShowData();
     /// The flags have been edited; `before` is the view that was there. Asks for an axis reset when it went
     /// from mass to relative, and rebuilds.
     void FlagsEdited(ChartView before);
+    /// Readings that the chart shows, from 1: in a run the complete ones, when `SampleCount` may be one
+    /// ahead; 0 without dates.
+    [[nodiscard]] int Readings() const { return readings_; }
 
     // ---- the operator ----
     /// 1: about 52 s, 2: about 10 min, 3: about 58 min, 4: 4.8 h; another number changes nothing. The newest
-    /// readings are shown in that width at once.
+    /// readings are shown in that width at once; they begin at the left as long as all of them fit.
     void SelectSpan(int number);
     [[nodiscard]] int Span() const { return span_; }
-    /// The time axis goes from the first reading to the last.
+    /// The time axis goes from the first reading to the last, or has the width of the span when there is only
+    /// one time to show.
     void ShowWholeRun();
     void ToggleZoom();
     [[nodiscard]] bool ZoomOn() const { return zoomOn_; }
@@ -54,20 +60,30 @@ public:
 private:
     enum class AxisReset { Done = 1, Pending = 2 };
 
+    void ShowFlags();
+    void ReplayReadings();
+    void TurnZoomOff();
+    void RaiseForLine(double value);
+    void SetTimeAxis(ChartTime begin, ChartTime end);
+    [[nodiscard]] ChartTime TimeOf(int sample) const;
+
     const ApplicationState& state_;
     const MeasurementArrays& arrays_;
     ChartControl& control_;
     ChartTime RunStartTime = 0;
     double TimeSpan = 0.0006; ///< days
     int span_ = 1;
+    int readings_ = 0;
     bool zoomOn_ = false;
     AxisReset axisReset_ = AxisReset::Done;
 };
 
-/// The reading nearest to `time` among readings 1 to `count`, by their date-times in order.
-/// @return its number, or 0 without readings
+/// The reading nearest to `time` among readings 1 to `count`, whose date-times never run backwards; of
+/// equally near ones any.
+/// @return its number, or 0 without readings or without dates
 [[nodiscard]] int NearestReading(const MeasurementArrays& arrays, int count, ChartTime time);
 
+/// Days since the beginning of 1970.
 [[nodiscard]] ChartTime ToChartTime(LocalMoment moment);
 
 } // namespace quorvane

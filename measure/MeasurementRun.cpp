@@ -159,6 +159,7 @@ void MeasurementRun::PrepareRun()
     state_.SampleCount = 0; // first, for whoever hears of the lamps must find no reading
     takenSamples_ = 0;
     record_.Begin(now);
+    arrays_.Simulated = !state_.RunMode;
     lines_.Begin();
     lamps_.Clear();
     MinuteTicks = 0;

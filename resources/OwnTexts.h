@@ -89,7 +89,18 @@ enum OwnText : int {
     kFilesUnwritableText = 1112,       ///< %1: the program's folder
     kNamedFolderUnwritableText = 1113, ///< %1: the folder that QUORVANE_HOME names
 
-    // The chart: legend, axes, hint. (1121)
+    // The chart: legend in the order of the series, axes, notice.
+    kLegendRelativeText = 1121,
+    kLegendFirstText = kLegendRelativeText,
+    kLegendMassText = 1122,
+    kLegendTwaText = 1123,
+    kLegendStelText = 1124,
+    kLegendRelativeIntegratedText = 1125,
+    kLegendMassIntegratedText = 1126,
+    kRelativeAxisText = 1127,
+    kMassAxisText = 1128,
+    kChartSimulatedText = 1129,
+    kChartText = 1130,
 
     // Chart on paper, in files, on the clipboard. (1141)
 

@@ -33,6 +33,7 @@ constexpr Entry kEntries[] = {
     {223, "Measure Start", "測定開始"},
     {225, "Measure End", "測定終了"},
     {226, "Zoom On", "ズームオン"},
+    {227, "Zoom Off", "ズームオフ"},
     {228, "Data is not saved. Do you save?", "データが保存されていません。保存しますか？"},
     {234, "Number of Data is zero. Redo setup.", "データ数が 0 です。設定し直してください。"},
     {235, "Data File can not create or save.", "データファイルを作成または保存できません。"},
@@ -167,6 +168,17 @@ constexpr Entry kEntries[] = {
     {kNamedFolderUnwritableText,
      "Nothing can be written in %1, the folder that QUORVANE_HOME names. Settings will not be kept.",
      "QUORVANE_HOME で指定されたフォルダー %1 に書き込めません。設定は保存されません。"},
+
+    {kLegendRelativeText, "Relative Concentration(Instantaneous value)", "相対濃度（瞬時値）"},
+    {kLegendMassText, "Mass Concentration(C)", "質量濃度（C）"},
+    {kLegendTwaText, "Mass Concentration(TWA)", "質量濃度（TWA）"},
+    {kLegendStelText, "Mass Concentration(STEL)", "質量濃度（STEL）"},
+    {kLegendRelativeIntegratedText, "Relative Concentration(Integrated value)", "相対濃度（積算値）"},
+    {kLegendMassIntegratedText, "Mass Concentration(Integrated value)", "質量濃度（積算値）"},
+    {kRelativeAxisText, "Dust[CPM]", "粉じん[CPM]"},
+    {kMassAxisText, "Mass density[mg/m3]", "質量濃度[mg/m3]"},
+    {kChartSimulatedText, "SIMULATED VALUES, NOT MEASURED", "シミュレーション値（実測値ではありません）"},
+    {kChartText, "Chart", "グラフ"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -53,6 +53,7 @@ TEST(MeasurementRun, SimulatesWithoutAnInstrument)
     EXPECT_EQ(with.run.Start(), RunResult::Completed);
     EXPECT_TRUE(with.port.sent.empty());
     EXPECT_EQ(with.port.opened, 0);
+    EXPECT_TRUE(with.arrays.Simulated);
     EXPECT_EQ(with.arrays.CountValue[1], 4);
     EXPECT_EQ(with.arrays.ConcValue[10], 3.996) << "below 4 for the first ten";
     EXPECT_EQ(with.arrays.ConcValue[11], 5.994) << "below 6 after that";
@@ -204,6 +205,8 @@ TEST(MeasurementRun, ASecondRunBeginsAfresh)
     };
     EXPECT_EQ(with.run.Start(), RunResult::Completed);
     EXPECT_EQ(with.state.SampleCount, 3);
+
+    EXPECT_FALSE(with.arrays.Simulated);
 
     with.listener.onSample = nullptr;
     with.state.DataSaved = 1;
