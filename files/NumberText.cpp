@@ -242,6 +242,15 @@ double LeadingDecimal(std::string_view text)
     return ParseLeading(text, std::chars_format::fixed).value;
 }
 
+double TypedNumber(std::string_view text, std::string_view decimalSign)
+{
+    const std::size_t sign = decimalSign.empty() ? std::string_view::npos : text.find(decimalSign);
+    std::string number(text.substr(0, sign));
+    if (sign != std::string_view::npos)
+        number.append(1, '.').append(text.substr(sign + decimalSign.size()));
+    return LeadingNumber(number);
+}
+
 std::optional<std::int16_t> RoundToInt16(double value)
 {
     const double rounded = std::nearbyint(value);

@@ -45,6 +45,10 @@ void AppendPattern(std::string& out, double value, NumberPattern pattern, std::s
 /// `LeadingNumber` without an exponent, as the fields of the instrument's lines are read: "1E5" gives 1.
 [[nodiscard]] double LeadingDecimal(std::string_view text);
 
+/// The number an operator typed: `LeadingNumber` with the decimal sign of the user's system; "." is taken as
+/// well.
+[[nodiscard]] double TypedNumber(std::string_view text, std::string_view decimalSign);
+
 /// Rounded to the nearest whole number, a half to the even neighbour.
 /// @return nothing when the result does not fit
 [[nodiscard]] std::optional<std::int16_t> RoundToInt16(double value);

@@ -4,7 +4,8 @@
 
 namespace quorvane {
 
-/// The input of one exposure limit. Getting the focus selects the whole text, so that typing replaces it.
+/// The input of one number that is checked when it is left, an exposure limit for instance. Getting the focus
+/// selects the whole text, so that typing replaces it.
 class LimitBox final : public QLineEdit {
     Q_OBJECT
 

@@ -17,11 +17,7 @@ bool LimitInput::TextChanged(std::string_view text, std::string_view decimalSign
 {
     if (text.empty())
         return true;
-    const std::size_t sign = decimalSign.empty() ? std::string_view::npos : text.find(decimalSign);
-    std::string number(text.substr(0, sign));
-    if (sign != std::string_view::npos)
-        number.append(1, '.').append(text.substr(sign + decimalSign.size()));
-    const double value = LeadingNumber(number);
+    const double value = TypedNumber(text, decimalSign);
     if (!(value >= 0 && value <= kHighestAlarmLimit))
         return false;
     limit_ = value;

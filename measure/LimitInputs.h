@@ -4,9 +4,8 @@
 #include "app/LocaleItems.h"
 #include "app/Prompts.h"
 #include "app/Texts.h"
-#include "measure/LimitInput.h"
+#include "measure/CheckedInputs.h"
 
-#include <QObject>
 #include <array>
 #include <functional>
 
@@ -15,35 +14,22 @@ namespace quorvane {
 class LimitBox;
 
 /// The three limit inputs of the main window: `Text1` TWA, `Text2` STEL, `Text3` ceiling. They behave alike.
-class LimitInputs final : public QObject {
+class LimitInputs final {
 public:
     /// @param tell  shows a message and returns when the operator has read it
     LimitInputs(AlarmLimits& limits, const std::array<LimitBox*, 3>& boxes, const LocaleItems& locale,
                 const Texts& texts, std::function<void(const Message&)> tell);
 
     /// Shows the limits as they are stored. That is no change by the operator.
-    void Fill();
+    void Fill() { inputs_.Fill(); }
     /// Checks all three. The first that is out of its range is told, and gets the focus.
     /// @return whether all are in range
-    [[nodiscard]] bool Validate();
+    [[nodiscard]] bool Validate() { return inputs_.Validate(); }
     void SetEnabled(bool enabled);
 
 private:
-    struct Row {
-        LimitBox* box;
-        LimitInput input;
-    };
-    void TextEdited(Row& row);
-    void Leave(Row& row);
-    bool ValidateRow(Row& row);
-    void Refuse(Row& row);
-    void ShowLimit(const Row& row);
-
-    std::array<Row, 3> rows_;
-    const LocaleItems& locale_;
-    const Texts& texts_;
-    std::function<void(const Message&)> tell_;
-    bool telling_ = false;
+    std::array<LimitBox*, 3> boxes_;
+    CheckedInputs inputs_;
 };
 
 } // namespace quorvane

@@ -104,7 +104,26 @@ enum OwnText : int {
 
     // Chart on paper, in files, on the clipboard. (1141)
 
-    // About the program. (1171)
+    // About the program.
+    kAboutTitleText = 1171, ///< %1: the program's name
+    kVersionText = 1172,    ///< %1: the version's number
+    kLicenceText = 1173,
+    kToolkitText = 1174,
+    kProcessorText = 1175,
+    kProgramFilesText = 1176,
+    kUnknownText = 1177,
+
+    // The measure settings and the graph settings.
+    kMeasureNumberTipText = 1178,
+    kSecondCountTipText = 1179,
+    kSamplingTipText = 1180,
+    kHoursText = 1181,
+    kMinutesText = 1182,
+    kSecondsText = 1183,
+    kRelativeGroupText = 1184,
+    kMassGroupText = 1185,
+    kAlarmGroupText = 1186,
+    kGraphHintText = 1187,
 
     // Opening a data file. (1191)
 

@@ -48,7 +48,7 @@ TEST(StringTable, EveryTextIsInEnglishAgainTenThousandAboveWhateverTheLanguage)
         EXPECT_EQ(kJapanese.Text(id + 10000, 0), kEnglish.Text(id, 0)) << id;
         EXPECT_EQ(kEnglish.Text(id + 10000, 10000), "") << id;
     }
-    for (const int number : {-10000, -1, 0, 100, 102, 300, 1000, 1009, 10000, 10100, 2147483647})
+    for (const int number : {-10000, -1, 0, 100, 102, 301, 1000, 1009, 10000, 10100, 2147483647})
         EXPECT_EQ(kJapanese.Text(number, 0), "") << number;
     EXPECT_EQ(kEnglish.Text(217, 0), " is not used."); // stands behind the port's name, hence the blank
 }
@@ -56,7 +56,7 @@ TEST(StringTable, EveryTextIsInEnglishAgainTenThousandAboveWhateverTheLanguage)
 TEST(StringTable, JapaneseTextsAreTranslatedAndComplete)
 {
     const std::set<int> sameInBoth = {
-        101, 128, 249, 280, 281, 282, kTwaColumnText, kStelColumnText}; // product, OK, PM, symbols
+        101, 128, 167, 168, 249, 273, 280, 281, 282, 292, kTwaColumnText, kStelColumnText}; // names, symbols
     for (const int id : KnownNumbers()) {
         const std::string english = kEnglish.Text(id, 0);
         const std::string japanese = kJapanese.Text(id, 0);

@@ -1,0 +1,95 @@
+#include "measure/CheckedInputs.h"
+
+#include "app/QtText.h"
+#include "app/ScopedFlag.h"
+#include "measure/LimitBox.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane {
+namespace {
+
+/// A Japanese input method writes digits of full width; they are digits all the same.
+std::string TypedText(const LimitBox& box)
+{
+    return Typed(box.text().normalized(QString::NormalizationForm_KC));
+}
+
+/// Leaves the cursor where it is when nothing changes.
+void ShowStored(const CheckedInputs::Input& input)
+{
+    if (const QString text = Shown(input.stored()); text != input.box->text())
+        input.box->setText(text);
+}
+
+} // namespace
+
+CheckedInputs::CheckedInputs(std::vector<Input> inputs, std::function<void(const Message&)> tell)
+    : inputs_(std::move(inputs)), tell_(std::move(tell))
+{
+    for (const Input& input : inputs_) {
+        connect(input.box, &QLineEdit::textEdited, this, [this, &input] { Edited(input); });
+        connect(input.box, &LimitBox::Left, this, [this, &input] { Leave(input); });
+    }
+}
+
+void CheckedInputs::Fill()
+{
+    std::ranges::for_each(inputs_, ShowStored);
+}
+
+bool CheckedInputs::Validate()
+{
+    return std::ranges::all_of(inputs_, [this](const Input& input) { return CheckInput(input); });
+}
+
+bool CheckedInputs::Check(const LimitBox* box)
+{
+    const auto input = std::ranges::find(inputs_, box, &Input::box);
+    return input == inputs_.end() || CheckInput(*input);
+}
+
+void CheckedInputs::Edited(const Input& input)
+{
+    if (!input.edited(TypedText(*input.box)))
+        Refuse(input);
+}
+
+/// Told when the change of focus is over: a box that opens in the middle of it would leave the pressed button
+/// down and the focus nowhere.
+void CheckedInputs::Leave(const Input& input)
+{
+    const auto look = [this, &input] {
+        const LimitBox& box = *input.box;
+        const bool givingUp = wayOut_ != nullptr && wayOut_->hasFocus();
+        if (!telling_ && !givingUp && box.isVisible() && box.isEnabled() && !box.hasFocus())
+            CheckInput(input);
+    };
+    QMetaObject::invokeMethod(this, look, Qt::QueuedConnection);
+}
+
+bool CheckedInputs::CheckInput(const Input& input)
+{
+    if (input.left(TypedText(*input.box))) {
+        ShowStored(input); // what was typed may have been empty, or have had more behind the number
+        return true;
+    }
+    Refuse(input);
+    return false;
+}
+
+void CheckedInputs::Refuse(const Input& input)
+{
+    if (telling_)
+        return;
+    {
+        const ScopedFlag telling(telling_);
+        tell_(input.refusal());
+    }
+    ShowStored(input);
+    input.box->setFocus();
+    input.box->selectAll();
+}
+
+} // namespace quorvane

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/Prompts.h"
+
+#include <QObject>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvane {
+
+class LimitBox;
+
+/// The number boxes of a window that are looked at while the operator types and checked when he leaves them.
+/// A refused one is told, shows the stored number again, and keeps the focus.
+class CheckedInputs final : public QObject {
+public:
+    struct Input {
+        LimitBox* box;
+        std::function<bool(std::string_view text)> edited; ///< takes what was typed; false: refused
+        std::function<bool(std::string_view text)> left;   ///< whether the box may be left so
+        std::function<std::string()> stored;               ///< the number as it is shown
+        std::function<Message()> refusal;
+    };
+
+    /// @param tell  shows a message and returns when the operator has read it
+    CheckedInputs(std::vector<Input> inputs, std::function<void(const Message&)> tell);
+
+    /// Going to this control leaves a box unchecked: the button that gives everything up.
+    void SetWayOut(const QWidget* control) { wayOut_ = control; }
+
+    /// Shows the stored numbers. That is no change by the operator.
+    void Fill();
+    /// Checks all, in their order. The first that is refused is told, and gets the focus.
+    /// @return whether none is refused
+    [[nodiscard]] bool Validate();
+    /// Checks one.
+    bool Check(const LimitBox* box);
+
+private:
+    void Edited(const Input& input);
+    void Leave(const Input& input);
+    bool CheckInput(const Input& input);
+    void Refuse(const Input& input);
+
+    const std::vector<Input> inputs_;
+    std::function<void(const Message&)> tell_;
+    const QWidget* wayOut_ = nullptr;
+    bool telling_ = false;
+};
+
+} // namespace quorvane

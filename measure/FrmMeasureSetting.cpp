@@ -1,0 +1,128 @@
+#include "measure/FrmMeasureSetting.h"
+
+#include "app/QtText.h"
+#include "files/NumberText.h"
+#include "measure/ui_FrmMeasureSetting.h"
+#include "resources/OwnTexts.h"
+
+#include <utility>
+
+namespace quorvane {
+
+FrmMeasureSetting::FrmMeasureSetting(MeasureSettings& settings, const Texts& texts, const LocaleItems& locale,
+                                     std::function<void(const Message&)> tell, QWidget* parent)
+    : QDialog(parent),
+      settings_(settings),
+      locale_(locale),
+      edit_(settings),
+      ui_([this] {
+          auto ui = std::make_unique<Ui::FrmMeasureSetting>();
+          ui->setupUi(this);
+          return ui;
+      }()),
+      inputs_({InputOf(ui_->Text1, MeasureField::MeasureNumber, texts),
+               InputOf(ui_->Text2, MeasureField::MeasureSetting2, texts),
+               InputOf(ui_->Text3, MeasureField::SamplingSeconds, texts)},
+              std::move(tell))
+{
+    SetCaptions(texts);
+    MakeRoom();
+    inputs_.SetWayOut(ui_->Command2);
+    connect(ui_->Command1, &QPushButton::clicked, this, [this] { Command1Click(); });
+    connect(ui_->Command2, &QPushButton::clicked, this, [this] { reject(); });
+    ShowAll();
+    ui_->Text1->setFocus();
+    ui_->Text1->selectAll();
+}
+
+FrmMeasureSetting::~FrmMeasureSetting() = default;
+
+void FrmMeasureSetting::SetCaptions(const Texts& texts)
+{
+    setWindowTitle(Shown(texts[222]));
+    const std::pair<QLabel*, int> labels[] = {
+        {ui_->Label1, 154}, {ui_->Label2, 156}, {ui_->Label3, 260}, {ui_->Label4, 273},
+        {ui_->Label5, 167}, {ui_->Label6, 273}, {ui_->Label7, 216}, {ui_->Label8, 168},
+    };
+    for (const auto& [label, id] : labels)
+        label->setText(Shown(texts[id]));
+    ui_->Command1->setText(Shown(texts[128]));
+    ui_->Command2->setText(Shown(texts[129]));
+
+    const std::pair<QLineEdit*, int> meanings[] = {
+        {ui_->Text1, kMeasureNumberTipText}, {ui_->Text2, kSecondCountTipText},
+        {ui_->Text3, kSamplingTipText},      {ui_->Text4, kHoursText},
+        {ui_->Text5, kMinutesText},          {ui_->Text6, kSecondsText},
+    };
+    for (const auto& [box, id] : meanings) {
+        box->setToolTip(Shown(texts[id]));
+        box->setAccessibleName(Shown(texts[id]));
+    }
+}
+
+/// The longest number and its frame, in whatever size letters have here.
+void FrmMeasureSetting::MakeRoom()
+{
+    const int width = fontMetrics().horizontalAdvance(u"0000000000"_qs);
+    for (QLineEdit* const box : {static_cast<QLineEdit*>(ui_->Text1), static_cast<QLineEdit*>(ui_->Text2),
+                                 static_cast<QLineEdit*>(ui_->Text3), ui_->Text4, ui_->Text5, ui_->Text6})
+        box->setFixedWidth(width);
+}
+
+/// Every edit brings all boxes up to date, the one that is typed in, too: an emptied one shows 0 at once, and
+/// "05" becomes "5".
+CheckedInputs::Input FrmMeasureSetting::InputOf(LimitBox* box, MeasureField field, const Texts& texts)
+{
+    return {
+        .box = box,
+        .edited =
+            [this, field](std::string_view text) {
+                const bool taken = edit_.TextChanged(field, text, locale_.DecimalSign());
+                if (taken && field != MeasureField::MeasureSetting2)
+                    ShowAll();
+                return taken;
+            },
+        .left =
+            [this, field](std::string_view text) {
+                const bool taken = edit_.TextLeft(field, text, locale_.DecimalSign());
+                ShowTotal();
+                return taken;
+            },
+        .stored = [this, field] { return GeneralText(edit_.Stored(field), locale_.DecimalSign()); },
+        .refusal = [field, &texts] { return MeasureRangeMessage(field, texts); },
+    };
+}
+
+void FrmMeasureSetting::Command1Click()
+{
+    if (!inputs_.Validate())
+        return;
+    edit_.Accepted = true;
+    accept();
+}
+
+/// Every way out ends here: OK, Cancel, Escape, the close box.
+void FrmMeasureSetting::done(int result)
+{
+    edit_.Close();
+    QDialog::done(result);
+}
+
+void FrmMeasureSetting::ShowAll()
+{
+    inputs_.Fill();
+    ShowTotal();
+}
+
+void FrmMeasureSetting::ShowTotal()
+{
+    const std::pair<QLineEdit*, double> total[] = {
+        {ui_->Text4, settings_.TotalHours},
+        {ui_->Text5, settings_.TotalMinutes},
+        {ui_->Text6, settings_.TotalSeconds},
+    };
+    for (const auto& [box, value] : total)
+        box->setText(Shown(GeneralText(value, locale_.DecimalSign())));
+}
+
+} // namespace quorvane
