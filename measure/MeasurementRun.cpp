@@ -19,6 +19,10 @@ namespace {
 constexpr int kInstrumentSettingTitle = 161;
 constexpr int kStartCaption = 223;
 constexpr int kEndCaption = 225;
+constexpr int kLongTableText = 258;
+
+/// A run of more readings is asked about.
+constexpr int kUsualSamples = 10000;
 
 /// Between readings the timers come by themselves; a look is for a lost port and for bytes that must not
 /// wait.
@@ -121,7 +125,19 @@ MeasurementRun::Refusal MeasurementRun::CheckPlan()
         ShowCritical(texts[220] + "(1-" + std::to_string(kMaxSamplingSeconds) + ")");
         return RunResult::OutOfRange;
     }
-    return std::nullopt;
+    return AskAboutLongTable();
+}
+
+/// A warning, not a limit: without an operator the run goes on.
+MeasurementRun::Refusal MeasurementRun::AskAboutLongTable()
+{
+    if (state_.TotalSamples <= kUsualSamples)
+        return std::nullopt;
+    const Answer answer = services_.prompts.Show({.text = services_.texts[kLongTableText],
+                                                  .icon = Icon::Exclamation,
+                                                  .buttons = Buttons::YesNo,
+                                                  .unattended = Answer::Yes});
+    return answer == Answer::Yes ? std::nullopt : Refusal(RunResult::Declined);
 }
 
 void MeasurementRun::SetPacing()

@@ -83,6 +83,7 @@ private:
     [[nodiscard]] Refusal CheckLimits();
     [[nodiscard]] Refusal AskAboutUnsavedData();
     [[nodiscard]] Refusal CheckPlan();
+    [[nodiscard]] Refusal AskAboutLongTable();
     [[nodiscard]] Refusal Connect();
     void SetPacing();
     void PrepareRun();

@@ -40,6 +40,8 @@ constexpr Entry kEntries[] = {
     {238, "Communication Error", "通信エラー"},
     {247, "PM", "午後"}, // what a 12-hour clock writes in the afternoon, in either language
     {249, "PM", "PM"},
+    {258, "More than 10000 readings make a long table. Go on?",
+     "測定回数が 10000 回を超えると、表が長くなります。続行しますか？"},
     {264, "There is a problem in the date data. Graphical representation is not possible.",
      "日付データに異常があります。グラフを表示できません。"},
     {265, "There is a problem in the time data. Graphical representation is not possible.",
