@@ -48,6 +48,7 @@ StatusLine::StatusLine(QStatusBar& bar)
       announcement_(NewField<ElidedLabel>(bar, "StatusAnnouncement")),
       sample_(NewField<QLabel>(bar, "StatusSample")),
       timeLeft_(NewField<QLabel>(bar, "StatusTimeLeft")),
+      age_(NewField<QLabel>(bar, "StatusAge")),
       behind_(NewField<QLabel>(bar, "StatusBehind")),
       mode_(NewField<QLabel>(bar, "StatusMode")),
       port_(NewField<ElidedLabel>(bar, "StatusPort"))
@@ -56,7 +57,7 @@ StatusLine::StatusLine(QStatusBar& bar)
     announcement_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // what room is left
     port_->setMaximumWidth(port_->fontMetrics().averageCharWidth() * kPortCharacters);
     bar.addWidget(announcement_, 1);
-    for (QLabel* field : {sample_, timeLeft_, behind_, mode_, port_})
+    for (QLabel* field : {sample_, timeLeft_, age_, behind_, mode_, port_})
         bar.addPermanentWidget(field);
 }
 
@@ -65,6 +66,8 @@ void StatusLine::Show(const RunStatusText& text)
     SetField(*state_, text.state);
     SetField(*sample_, text.sample);
     SetField(*timeLeft_, text.timeLeft);
+    SetField(*age_, text.age);
+    age_->setEnabled(!text.stale); // greyed, and told to a screen reader
     SetField(*behind_, text.behind);
     SetField(*mode_, text.mode);
     SetField(*port_, text.port);

@@ -19,10 +19,7 @@ namespace {
 constexpr int kInstrumentSettingTitle = 161;
 constexpr int kStartCaption = 223;
 constexpr int kEndCaption = 225;
-constexpr int kLongTableText = 258;
-
-/// A run of more readings is asked about.
-constexpr int kUsualSamples = 10000;
+constexpr int kUsualSamples = 10000; // a run of more is asked about
 
 /// Between readings the timers come by themselves; a look is for a lost port and for bytes that must not
 /// wait.
@@ -133,7 +130,7 @@ MeasurementRun::Refusal MeasurementRun::AskAboutLongTable()
 {
     if (state_.TotalSamples <= kUsualSamples)
         return std::nullopt;
-    const Answer answer = services_.prompts.Show({.text = services_.texts[kLongTableText],
+    const Answer answer = services_.prompts.Show({.text = services_.texts[258],
                                                   .icon = Icon::Exclamation,
                                                   .buttons = Buttons::YesNo,
                                                   .unattended = Answer::Yes});
@@ -195,6 +192,7 @@ bool MeasurementRun::SendStreamRequest()
 
 void MeasurementRun::Measure(bool requestTaken)
 {
+    noReadingSince_ = services_.clock.SteadyNow();
     SetState(RunState::Measuring);
     if (CancelRequested == 0)
         services_.timer2.Enable();
@@ -305,6 +303,9 @@ RunStatus MeasurementRun::Status()
     status.taken = takenSamples_;
     status.planned = static_cast<std::int32_t>(state_.TotalSamples);
     status.left = std::chrono::seconds(state_.SamplingSeconds) * std::max(0, status.planned - status.taken);
+    status.askedAt = services_.clock.SteadyNow();
+    if (runState_ == RunState::Measuring)
+        status.noReadingSince = noReadingSince_;
     status.silentSince = lines_.SilentSince();
     if (state_.RunMode && runState_ == RunState::Measuring) {
         status.linesBehind = lines_.Behind();
@@ -365,6 +366,7 @@ bool MeasurementRun::MakeUpLine()
 void MeasurementRun::CompleteSample()
 {
     const std::int32_t sample = state_.SampleCount;
+    noReadingSince_ = services_.clock.SteadyNow();
     const LampsLit lit = record_.Store(sample);
     lamps_.Light(lit);
     if (floor<days>(services_.clock.Now()) != RunDate)

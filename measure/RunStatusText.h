@@ -20,6 +20,8 @@ struct RunStatusText {
     std::string sample;   ///< "Sample 3 of 3600"
     std::string timeLeft; ///< "Time left 59:57", while a run is under way
     std::string behind;   ///< "2 lines waiting", when the instrument is ahead of the program
+    std::string age;      ///< "Last reading 3 s ago" while the run measures, or "No data from the instrument"
+    bool stale = false;   ///< the newest values are old: two sampling intervals went by without a reading
 };
 
 [[nodiscard]] RunStatusText StatusText(const ApplicationState& state, RunState runState,

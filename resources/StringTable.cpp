@@ -169,6 +169,10 @@ constexpr Entry kEntries[] = {
     {kNamedFolderUnwritableText,
      "Nothing can be written in %1, the folder that QUORVANE_HOME names. Settings will not be kept.",
      "QUORVANE_HOME で指定されたフォルダー %1 に書き込めません。設定は保存されません。"},
+
+    {kReadingAgeSecondsText, "Last reading %1 s ago", "最終測定から %1 秒"},
+    {kReadingAgeText, "Last reading %1 ago", "最終測定から %1"},
+    {kNoDataText, "No data from the instrument", "測定器からデータが届いていません"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

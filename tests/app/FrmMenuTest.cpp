@@ -134,6 +134,33 @@ TEST_F(FrmMenuTest, MeasuresWithOneClickAndShowsWhatItReads)
     EXPECT_FALSE(Find<LampView>("Image1")->IsLit() || Find<LampView>("Image3")->IsLit());
 }
 
+TEST_F(FrmMenuTest, GreysAndWipesTheAgeOfTheNewestReadingWhileTheWaitGoesOn)
+{
+    Open();
+    const auto look = [this] {
+        const bool grey = !Find<QWidget>("StatusAge")->isEnabled();
+        EXPECT_EQ(grey, !Find<QWidget>("ConcNow")->isEnabled());
+        return Label("StatusAge") + (grey ? " (grey)" : "");
+    };
+    std::vector<std::string> seen;
+    GiveLines(1);
+    bool begun = false;
+    onPump = [&](long) {
+        if (Rows() == 0 || std::exchange(begun, true))
+            return; // or the first reading has just been taken
+        for (const auto delay : {500ms, 2500ms, 8500ms, 22000ms, 30900ms})
+            world.After(delay, [&] { seen.push_back(look()); });
+        world.After(30s, [&] { port.Arrive(Line(2)); });
+        world.After(40s, [&] { Click("Command1"); });
+    };
+    Click("Command1");
+    EXPECT_THAT(seen, ElementsAre("Last reading 0 s ago", "Last reading 2 s ago (grey)",
+                                  "Last reading 8 s ago (grey)", "No data from the instrument (grey)",
+                                  "Last reading 0 s ago"));
+    EXPECT_EQ(look(), ""); // the run has ended, and its values are not old
+    EXPECT_EQ(Rows(), 2);
+}
+
 TEST_F(FrmMenuTest, LampsDifferByWordAndShape)
 {
     Open();
