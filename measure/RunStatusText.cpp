@@ -36,7 +36,8 @@ void SetAge(RunStatusText& text, std::chrono::seconds interval, const RunStatus&
         return;
     const auto age = status.askedAt - *status.noReadingSince;
     text.stale = age > 2 * interval;
-    if (text.stale && status.silentSince && status.askedAt - *status.silentSince >= kLongSilence) {
+    text.noData = text.stale && status.silentSince && status.askedAt - *status.silentSince >= kLongSilence;
+    if (text.noData) {
         text.age = texts[kNoDataText];
         return;
     }
@@ -58,13 +59,13 @@ std::string DurationText(std::chrono::seconds time)
 }
 
 RunStatusText StatusText(const ApplicationState& state, RunState runState, const RunStatus& status,
-                         const Texts& texts)
+                         const Texts& texts, bool portPresent)
 {
     RunStatusText text;
     text.state = texts[StateTextId(runState, status.portLost)];
     text.mode = texts[state.RunMode ? kInstrumentModeText : kSimulatedModeText];
     if (state.RunMode)
-        text.port = state.RsPort;
+        text.port = portPresent ? state.RsPort : FilledIn(texts[kPortNotConnectedText], state.RsPort);
     const bool underWay = runState == RunState::Measuring || runState == RunState::Stopping;
     if (underWay || state.DataPresent == 1)
         text.sample = FilledIn(FilledIn(texts[kSampleText], std::to_string(status.taken)),

@@ -101,6 +101,7 @@ enum OwnText : int {
     kReadingAgeSecondsText = 1221, ///< %1: seconds
     kReadingAgeText = 1222,        ///< %1: hours, minutes, seconds
     kNoDataText = 1223,
+    kPortNotConnectedText = 1224, ///< %1: the port's name
 
     // The main window: toolbar, further menus. (1241)
 };

@@ -173,6 +173,7 @@ constexpr Entry kEntries[] = {
     {kReadingAgeSecondsText, "Last reading %1 s ago", "最終測定から %1 秒"},
     {kReadingAgeText, "Last reading %1 ago", "最終測定から %1"},
     {kNoDataText, "No data from the instrument", "測定器からデータが届いていません"},
+    {kPortNotConnectedText, "%1 (not connected)", "%1（未接続）"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -29,6 +29,7 @@ TEST(RunStatusTextTest, SaysWhatTheRunIsDoing)
     EXPECT_EQ(text.state, "Measuring");
     EXPECT_EQ(text.mode, "Instrument");
     EXPECT_EQ(text.port, "COM3");
+    EXPECT_EQ(StatusText(state, RunState::Idle, status, texts, false).port, "COM3 (not connected)");
     EXPECT_EQ(text.sample, "Sample 3 of 3600");
     EXPECT_EQ(text.timeLeft, "Time left 59:57");
     EXPECT_EQ(text.behind, ""); // one line is the one that is being taken
