@@ -206,6 +206,7 @@ void FrmMenu::UpdateStatus()
     if (closeWanted_)
         text.state = parts_.run.texts[kClosingText];
     status_.Show(text);
+    readings_.SetStale(text.stale);
 }
 
 // ---- commands -------------------------------------------------------------------------------------------

@@ -15,6 +15,7 @@ struct Message {
     Icon icon = Icon::None;
     int titleId = 101; ///< text number of the title, without the language offset
     Buttons buttons = Buttons::Ok;
+    Answer unattended = Answer::No; ///< what a question is answered with where nobody can be asked
 };
 
 /// A dialog that asks where to save.

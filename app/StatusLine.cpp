@@ -5,17 +5,24 @@
 #include <QLabel>
 #include <QPainter>
 #include <QStatusBar>
+#include <algorithm>
 
 namespace quorvane {
 namespace {
 
-constexpr int kPortCharacters = 12; // "COM15" and some room
+constexpr int kPortCharacters = 32; // "COM15 (not connected)" and some room
+constexpr int kLeastCharacters = 12;
 
-/// Shows as much of its text as fits: a long path, or whatever the settings file says, must not widen the
-/// window.
+/// Shows as much of its text as fits: a long path, whatever the settings file says, or many fields at once
+/// must not widen the window.
 class ElidedLabel final : public QLabel {
 public:
     using QLabel::QLabel;
+    [[nodiscard]] QSize minimumSizeHint() const override
+    {
+        const QSize whole = QLabel::minimumSizeHint();
+        return {std::min(whole.width(), fontMetrics().averageCharWidth() * kLeastCharacters), whole.height()};
+    }
 
 protected:
     void paintEvent(QPaintEvent* /*event*/) override
@@ -44,10 +51,11 @@ void SetField(QLabel& label, const std::string& text)
 } // namespace
 
 StatusLine::StatusLine(QStatusBar& bar)
-    : state_(NewField<QLabel>(bar, "StatusState")),
+    : state_(NewField<ElidedLabel>(bar, "StatusState")),
       announcement_(NewField<ElidedLabel>(bar, "StatusAnnouncement")),
       sample_(NewField<QLabel>(bar, "StatusSample")),
       timeLeft_(NewField<QLabel>(bar, "StatusTimeLeft")),
+      age_(NewField<QLabel>(bar, "StatusAge")),
       behind_(NewField<QLabel>(bar, "StatusBehind")),
       mode_(NewField<QLabel>(bar, "StatusMode")),
       port_(NewField<ElidedLabel>(bar, "StatusPort"))
@@ -56,7 +64,7 @@ StatusLine::StatusLine(QStatusBar& bar)
     announcement_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // what room is left
     port_->setMaximumWidth(port_->fontMetrics().averageCharWidth() * kPortCharacters);
     bar.addWidget(announcement_, 1);
-    for (QLabel* field : {sample_, timeLeft_, behind_, mode_, port_})
+    for (QLabel* field : {sample_, timeLeft_, age_, behind_, mode_, port_})
         bar.addPermanentWidget(field);
 }
 
@@ -65,6 +73,8 @@ void StatusLine::Show(const RunStatusText& text)
     SetField(*state_, text.state);
     SetField(*sample_, text.sample);
     SetField(*timeLeft_, text.timeLeft);
+    SetField(*age_, text.age);
+    age_->setEnabled(!text.stale || text.noData); // an old age is greyed; that there is no data is not
     SetField(*behind_, text.behind);
     SetField(*mode_, text.mode);
     SetField(*port_, text.port);

@@ -8,8 +8,8 @@ class QString;
 
 namespace quorvane {
 
-/// The fields of the main window's status bar: what goes on, sample n of N, time left, lines behind, mode,
-/// port.
+/// The fields of the main window's status bar: what goes on, sample n of N, time left, age of the newest
+/// reading, lines behind, mode, port.
 class StatusLine final {
 public:
     explicit StatusLine(QStatusBar& bar);
@@ -22,6 +22,7 @@ private:
     QLabel* announcement_;
     QLabel* sample_;
     QLabel* timeLeft_;
+    QLabel* age_;
     QLabel* behind_;
     QLabel* mode_;
     QLabel* port_;

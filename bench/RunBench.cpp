@@ -103,6 +103,7 @@ void PollingStep(benchmark::State& state)
              with.texts, [] { return 0.0; }},
             [] {}, with.listener);
         with.state.TotalSamples = kReadings;
+        with.prompts.answers = {Answer::Yes}; // so many readings are asked about
         with.state.SamplingSeconds = static_cast<std::int16_t>(state.range(0));
         if (run.Start() != RunResult::Completed)
             state.SkipWithError("the run did not complete");

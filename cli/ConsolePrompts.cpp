@@ -13,7 +13,7 @@ Answer ConsolePrompts::Show(const Message& message)
             line += ' ';
     }
     console_.Say(line);
-    return message.buttons == Buttons::Ok ? Answer::Ok : Answer::No;
+    return message.buttons == Buttons::Ok ? Answer::Ok : message.unattended;
 }
 
 std::optional<std::string> ConsolePrompts::AskSaveName(const SaveQuestion&)

@@ -15,8 +15,7 @@ public:
     {
     }
 
-    /// Prints the message, its line ends as one blank. @return Ok, or No to a
-    /// question
+    /// Prints the message, its line ends as one blank. @return Ok, or a question's unattended answer
     Answer Show(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
 

@@ -35,6 +35,7 @@ public:
     {
         return IsComName(port_) ? system_.Device(commPort) : PortDevice{port_};
     }
+    [[nodiscard]] bool Present(const PortDevice& device) const override { return system_.Present(device); }
 
 private:
     const PortNames& system_;

@@ -19,6 +19,7 @@ namespace {
 constexpr int kInstrumentSettingTitle = 161;
 constexpr int kStartCaption = 223;
 constexpr int kEndCaption = 225;
+constexpr int kUsualSamples = 10000; // a run of more is asked about
 
 /// Between readings the timers come by themselves; a look is for a lost port and for bytes that must not
 /// wait.
@@ -121,7 +122,19 @@ MeasurementRun::Refusal MeasurementRun::CheckPlan()
         ShowCritical(texts[220] + "(1-" + std::to_string(kMaxSamplingSeconds) + ")");
         return RunResult::OutOfRange;
     }
-    return std::nullopt;
+    return AskAboutLongTable();
+}
+
+/// A warning, not a limit: without an operator the run goes on.
+MeasurementRun::Refusal MeasurementRun::AskAboutLongTable()
+{
+    if (state_.TotalSamples <= kUsualSamples)
+        return std::nullopt;
+    const Answer answer = services_.prompts.Show({.text = services_.texts[258],
+                                                  .icon = Icon::Exclamation,
+                                                  .buttons = Buttons::YesNo,
+                                                  .unattended = Answer::Yes});
+    return answer == Answer::Yes ? std::nullopt : Refusal(RunResult::Declined);
 }
 
 void MeasurementRun::SetPacing()
@@ -180,6 +193,7 @@ bool MeasurementRun::SendStreamRequest()
 
 void MeasurementRun::Measure(bool requestTaken)
 {
+    noReadingSince_ = services_.clock.SteadyNow();
     SetState(RunState::Measuring);
     if (CancelRequested == 0)
         services_.timer2.Enable();
@@ -290,6 +304,9 @@ RunStatus MeasurementRun::Status()
     status.taken = takenSamples_;
     status.planned = static_cast<std::int32_t>(state_.TotalSamples);
     status.left = std::chrono::seconds(state_.SamplingSeconds) * std::max(0, status.planned - status.taken);
+    status.askedAt = services_.clock.SteadyNow();
+    if (runState_ == RunState::Measuring)
+        status.noReadingSince = noReadingSince_;
     status.silentSince = lines_.SilentSince();
     if (state_.RunMode && runState_ == RunState::Measuring) {
         status.linesBehind = lines_.Behind();
@@ -350,6 +367,7 @@ bool MeasurementRun::MakeUpLine()
 void MeasurementRun::CompleteSample()
 {
     const std::int32_t sample = state_.SampleCount;
+    noReadingSince_ = services_.clock.SteadyNow();
     const LampsLit lit = record_.Store(sample);
     lamps_.Light(lit);
     if (floor<days>(services_.clock.Now()) != RunDate)

@@ -27,7 +27,11 @@ struct RunStatus {
     std::chrono::seconds left{}; ///< until the last one, by the sampling interval
     int linesBehind =
         0; ///< whole lines that wait behind the last one taken; more than 1: the instrument is faster
-    bool portLost = false; ///< the device of the running measurement has gone
+    bool portLost = false;                         ///< the device of the running measurement has gone
+    std::chrono::steady_clock::time_point askedAt; ///< now, by the clock of the times below
+    /// Since when the run measures without a new reading: since the newest one, or since it measures while
+    /// there is none; nothing while no run measures.
+    std::optional<std::chrono::steady_clock::time_point> noReadingSince;
     /// Since when a line is awaited and no byte has come; nothing while no line is awaited.
     std::optional<std::chrono::steady_clock::time_point> silentSince;
 };
@@ -83,6 +87,7 @@ private:
     [[nodiscard]] Refusal CheckLimits();
     [[nodiscard]] Refusal AskAboutUnsavedData();
     [[nodiscard]] Refusal CheckPlan();
+    [[nodiscard]] Refusal AskAboutLongTable();
     [[nodiscard]] Refusal Connect();
     void SetPacing();
     void PrepareRun();
@@ -122,6 +127,7 @@ private:
     int MinuteTicks = 0;
     int MinutesPerSample = 1;
     std::chrono::local_days RunDate{};
+    std::chrono::steady_clock::time_point noReadingSince_;
 };
 
 } // namespace quorvane

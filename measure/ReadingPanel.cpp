@@ -39,4 +39,10 @@ void ReadingPanel::Show(const MeasurementArrays& arrays, int sample, std::string
     labels_.stel->setText(Shown(PatternText(arrays.DerivedValueB[i], kSteadyAveragePattern, decimalSign)));
 }
 
+void ReadingPanel::SetStale(bool stale)
+{
+    for (QLabel* label : {labels_.count, labels_.conc, labels_.twa, labels_.stel})
+        label->setEnabled(!stale); // a screen reader tells it, too
+}
+
 } // namespace quorvane

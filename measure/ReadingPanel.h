@@ -21,6 +21,8 @@ public:
 
     /// @param sample  from 1; 0: no reading, shown as dashes
     void Show(const MeasurementArrays& arrays, int sample, std::string_view decimalSign);
+    /// Greys the values, for they are old.
+    void SetStale(bool stale);
 
 private:
     Labels labels_;

@@ -18,6 +18,7 @@ enum class RunResult {
     SavedInstead,   ///< not started: the operator had earlier data to save
     NoSamples,      ///< not started: 0 readings are planned
     OutOfRange,     ///< not started: number of readings or interval outside its range
+    Declined,       ///< not started: the operator does not want so many readings
     PortNotOpened,  ///< not started
     LinkFailed,     ///< not started: the instrument did not answer the start exchange
     StoppedAtStart, ///< not started: stopped while the start exchange went on

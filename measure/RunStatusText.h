@@ -16,13 +16,17 @@ namespace quorvane {
 struct RunStatusText {
     std::string state;    ///< "Measuring", "Port lost; waiting for the instrument"
     std::string mode;     ///< "Instrument" or "SIMULATED"
-    std::string port;     ///< "COM1"; empty when the readings are simulated
+    std::string port;     ///< "COM1", "COM1 (not connected)"; empty when the readings are simulated
     std::string sample;   ///< "Sample 3 of 3600"
     std::string timeLeft; ///< "Time left 59:57", while a run is under way
     std::string behind;   ///< "2 lines waiting", when the instrument is ahead of the program
+    std::string age;      ///< "Last reading 3 s ago" while the run measures, or "No data from the instrument"
+    bool stale = false;   ///< the newest values are old: two sampling intervals went by without a reading
+    bool noData = false;  ///< `age` says that no data comes
 };
 
+/// @param portPresent  whether there is a device behind the port of the settings
 [[nodiscard]] RunStatusText StatusText(const ApplicationState& state, RunState runState,
-                                       const RunStatus& status, const Texts& texts);
+                                       const RunStatus& status, const Texts& texts, bool portPresent = true);
 
 } // namespace quorvane

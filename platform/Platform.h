@@ -7,6 +7,7 @@
 #include "files/CodePage.h"
 #include "files/FileStore.h"
 #include "files/Folders.h"
+#include "serial/DeviceWatch.h"
 #include "serial/PortNames.h"
 #include "serial/SerialControl.h"
 
@@ -23,6 +24,7 @@ struct Platform {
     std::unique_ptr<SerialControl> serial;
     std::unique_ptr<PortNames> portNames;
     std::unique_ptr<PortProbe> portProbe;
+    std::unique_ptr<DeviceWatch> devices;
     std::unique_ptr<FileStore> files;
     std::unique_ptr<Folders> folders;
     std::unique_ptr<CodePage> codePage;

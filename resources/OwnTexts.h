@@ -127,7 +127,11 @@ enum OwnText : int {
 
     // Opening a data file. (1191)
 
-    // Age of the newest reading, ports that come and go. (1221)
+    // Age of the newest reading, ports that come and go.
+    kReadingAgeSecondsText = 1221, ///< %1: seconds
+    kReadingAgeText = 1222,        ///< %1: hours, minutes, seconds
+    kNoDataText = 1223,
+    kPortNotConnectedText = 1224, ///< %1: the port's name
 
     // The main window: toolbar, further menus. (1241)
 };

@@ -51,6 +51,8 @@ constexpr Entry kEntries[] = {
     {247, "PM", "午後"}, // what a 12-hour clock writes in the afternoon, in either language
     {249, "PM", "PM"},
     {260, "Total Measure Time:", "総測定時間:"},
+    {258, "More than 10000 readings make a long table. Go on?",
+     "測定回数が 10000 回を超えると、表が長くなります。続行しますか？"},
     {264, "There is a problem in the date data. Graphical representation is not possible.",
      "日付データに異常があります。グラフを表示できません。"},
     {265, "There is a problem in the time data. Graphical representation is not possible.",
@@ -225,6 +227,10 @@ constexpr Entry kEntries[] = {
      "use first.",
      "相対濃度と質量濃度を同時に表示することはできません。切り替えるには、選択中の側のチェックをすべて外して"
      "ください。"},
+    {kReadingAgeSecondsText, "Last reading %1 s ago", "最終測定から %1 秒"},
+    {kReadingAgeText, "Last reading %1 ago", "最終測定から %1"},
+    {kNoDataText, "No data from the instrument", "測定器からデータが届いていません"},
+    {kPortNotConnectedText, "%1 (not connected)", "%1（未接続）"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -16,6 +16,8 @@ public:
     virtual ~PortNames() = default;
     /// @return the device of COM`commPort`, or nothing for a number that no device can have
     [[nodiscard]] virtual std::optional<PortDevice> Device(int commPort) const = 0;
+    /// Whether there is a device of that name. Looks only: a port in use is not disturbed.
+    [[nodiscard]] virtual bool Present(const PortDevice& device) const = 0;
 };
 
 /// Tries whether ports can be used.

@@ -1,6 +1,7 @@
 #include "platform/Platform.h"
 #include "platform/posix/FileDescriptor.h"
 #include "platform/posix/PosixCodePage.h"
+#include "platform/posix/PosixDeviceWatch.h"
 #include "platform/posix/PosixFileStore.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixInstanceLock.h"
@@ -62,6 +63,7 @@ Platform MakePlatform()
         .serial = std::make_unique<PosixSerialControl>(),
         .portNames = std::make_unique<PosixPortNames>(),
         .portProbe = std::make_unique<PosixPortProbe>(),
+        .devices = std::make_unique<PosixDeviceWatch>(),
         .files = std::make_unique<PosixFileStore>(),
         .folders = std::make_unique<PosixFolders>(),
         .codePage = std::make_unique<PosixCodePage>(),

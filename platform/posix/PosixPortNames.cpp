@@ -2,6 +2,8 @@
 
 #include "platform/Platform.h"
 
+#include <sys/stat.h>
+
 namespace quorvane {
 namespace {
 
@@ -31,6 +33,12 @@ std::optional<PortDevice> PosixPortNames::Device(int commPort) const
             return PortDevice{row.pathStem + std::to_string(commPort - row.firstPort)};
     }
     return std::nullopt;
+}
+
+bool PosixPortNames::Present(const PortDevice& device) const
+{
+    struct stat facts {};
+    return ::stat(device.path.c_str(), &facts) == 0;
 }
 
 } // namespace quorvane

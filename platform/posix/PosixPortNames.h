@@ -9,6 +9,7 @@ namespace quorvane {
 class PosixPortNames final : public PortNames {
 public:
     [[nodiscard]] std::optional<PortDevice> Device(int commPort) const override;
+    [[nodiscard]] bool Present(const PortDevice& device) const override;
 };
 
 } // namespace quorvane

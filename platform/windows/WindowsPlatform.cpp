@@ -1,6 +1,7 @@
 #include "platform/Platform.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/WindowsCodePage.h"
+#include "platform/windows/WindowsDeviceWatch.h"
 #include "platform/windows/WindowsFileStore.h"
 #include "platform/windows/WindowsFolders.h"
 #include "platform/windows/WindowsInstanceLock.h"
@@ -43,6 +44,7 @@ Platform MakePlatform()
         .serial = std::make_unique<WindowsSerialControl>(),
         .portNames = std::make_unique<WindowsPortNames>(),
         .portProbe = std::make_unique<WindowsPortProbe>(),
+        .devices = std::make_unique<WindowsDeviceWatch>(),
         .files = std::make_unique<WindowsFileStore>(),
         .folders = std::make_unique<WindowsFolders>(),
         .codePage = std::make_unique<WindowsCodePage>(),

@@ -8,6 +8,7 @@ namespace quorvane {
 class WindowsPortNames final : public PortNames {
 public:
     [[nodiscard]] std::optional<PortDevice> Device(int commPort) const override;
+    [[nodiscard]] bool Present(const PortDevice& device) const override;
 };
 
 } // namespace quorvane

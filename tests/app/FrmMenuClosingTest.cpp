@@ -101,6 +101,25 @@ TEST_F(FrmMenuClosingTest, ACloseDuringARunComesBackWhenTheRunHasEnded)
     EXPECT_EQ(Rows(), 2);
 }
 
+TEST_F(FrmMenuClosingTest, ACloseBehindTheQuestionAboutALongTableComesAfterIt)
+{
+    for (const Answer answer : {Answer::Yes, Answer::No}) {
+        Plan(10001, 1);
+        Open();
+        Pause();
+        prompts.answers = {answer};
+        prompts.whileOpen = [this] { EXPECT_FALSE(window->close()); };
+        Click("Command1");
+        QApplication::processEvents();
+        EXPECT_EQ(prompts.messages.size(), 1U); // there are no readings to be asked about
+        EXPECT_FALSE(window->isVisible());
+        EXPECT_TRUE(port.sent.empty());
+        ExpectIdle();
+        prompts.messages.clear();
+        window.reset();
+    }
+}
+
 TEST_F(FrmMenuClosingTest, ACloseWhileTheRunConnectsOrTheStartAsksStopsIt)
 {
     Plan(50, 1);

@@ -52,7 +52,8 @@ TEST_F(FrmMenuTest, SaysThatReadingsAreSimulatedWhereNobodyCanOverlookIt)
     EXPECT_TRUE(Find<QLabel>("SimulatedNotice")->isVisible());
     EXPECT_THAT(Label("SimulatedNotice"), testing::StartsWith("SIMULATED"));
     EXPECT_EQ(Label("StatusMode"), "SIMULATED");
-    window->Announce(std::string(500, 'x')); // neither a long path nor a port's name widens the window
+    window->Announce(std::string(500, 'x')); // neither a long path nor a long field widens the window
+    Find<QLabel>("StatusState")->setText(QString(500, u'x'));
     Find<QLabel>("StatusPort")->setText(QString(500, u'x'));
     Find<QLabel>("StatusPort")->setVisible(true);
     EXPECT_LE(window->minimumSizeHint().width(), 1024);
@@ -132,6 +133,32 @@ TEST_F(FrmMenuTest, MeasuresWithOneClickAndShowsWhatItReads)
     EXPECT_EQ(Find<LampView>("Image3")->accessibleName(), QStringLiteral("TLV-C: ALARM"));
     Press(Qt::Key_F8);
     EXPECT_FALSE(Find<LampView>("Image1")->IsLit() || Find<LampView>("Image3")->IsLit());
+}
+
+TEST_F(FrmMenuTest, GreysAndWipesTheAgeOfTheNewestReadingWhileTheWaitGoesOn)
+{
+    Open();
+    const auto look = [this] {
+        return Label("StatusAge") + (Find<QWidget>("StatusAge")->isEnabled() ? "" : " (grey)") +
+               (Find<QWidget>("ConcNow")->isEnabled() ? "" : ", old values");
+    };
+    std::vector<std::string> seen;
+    GiveLines(1);
+    bool begun = false;
+    onPump = [&](long) {
+        if (Rows() == 0 || std::exchange(begun, true))
+            return; // or the first reading has just been taken
+        for (const auto delay : {500ms, 2500ms, 8500ms, 22000ms, 30900ms})
+            world.After(delay, [&] { seen.push_back(look()); });
+        world.After(30s, [&] { port.Arrive(Line(2)); });
+        world.After(40s, [&] { Click("Command1"); });
+    };
+    Click("Command1");
+    EXPECT_THAT(seen, ElementsAre("Last reading 0 s ago", "Last reading 2 s ago (grey), old values",
+                                  "Last reading 8 s ago (grey), old values",
+                                  "No data from the instrument, old values", "Last reading 0 s ago"));
+    EXPECT_EQ(look(), ""); // the run has ended, and its values are not old
+    EXPECT_EQ(Rows(), 2);
 }
 
 TEST_F(FrmMenuTest, LampsDifferByWordAndShape)

@@ -72,6 +72,7 @@ TEST(Measure, CtrlCStopsAndSavesWhatWasTaken)
     const std::string rest = program.RestOfOutput();
     EXPECT_EQ(program.Wait(), 0) << bench.Said();
     EXPECT_EQ(bench.Rows().size(), 3U + static_cast<std::size_t>(std::count(rest.begin(), rest.end(), '\n')));
+    EXPECT_THAT(bench.Said(), HasSubstr("long table")); // a warning that waits for no answer
     EXPECT_EQ(bench.ErrorLog(), "");
 }
 

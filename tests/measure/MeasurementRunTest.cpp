@@ -351,6 +351,41 @@ TEST(MeasurementRun, RefusesAPlanThatCannotBe)
     }
 }
 
+TEST(MeasurementRun, AsksBeforeALongTable)
+{
+    struct Row {
+        int samples;
+        std::int16_t seconds;
+        std::optional<Answer> answer; ///< to the question; nothing: nothing is asked
+        RunResult result;
+    };
+    const Row rows[] = {
+        {10000, 1, {}, RunResult::Completed},
+        {10001, 1, Answer::Yes, RunResult::Completed},
+        {10001, 1, Answer::No, RunResult::Declined},
+        {10001, 901, {}, RunResult::OutOfRange}, // what cannot be is not asked about
+    };
+    for (const Row& row : rows) {
+        RunWorld with;
+        with.state.RunMode = false;
+        with.state.TotalSamples = row.samples;
+        with.state.SamplingSeconds = row.seconds;
+        if (row.answer)
+            with.prompts.answers = {*row.answer};
+        with.prompts.whileOpen = [&] { EXPECT_EQ(with.run.State(), RunState::Preparing); };
+        EXPECT_EQ(with.run.Start(), row.result);
+        EXPECT_EQ(with.state.SampleCount, row.result == RunResult::Completed ? row.samples : 0);
+        EXPECT_EQ(with.listener.results, std::vector<RunResult>{row.result});
+        if (!row.answer)
+            continue;
+        ASSERT_EQ(with.prompts.messages.size(), 1U);
+        EXPECT_EQ(with.prompts.messages[0].text, "More than 10000 readings make a long table. Go on?");
+        EXPECT_EQ(with.prompts.messages[0].icon, Icon::Exclamation);
+        EXPECT_EQ(with.prompts.messages[0].titleId, 101);
+        EXPECT_EQ(with.prompts.messages[0].buttons, Buttons::YesNo);
+    }
+}
+
 /// A run of three readings whose data is saved, so that the next start asks nothing.
 void TakeEarlierData(RunWorld& with)
 {

@@ -106,6 +106,13 @@ private:
 /// COMn is device "/dev/fake/n".
 class FakePortNames : public PortNames {
 public:
+    bool present = true;   ///< the script: whether the devices are there
+    mutable int looks = 0; ///< how often that was asked
+    [[nodiscard]] bool Present(const PortDevice&) const override
+    {
+        ++looks;
+        return present;
+    }
     [[nodiscard]] std::optional<PortDevice> Device(int commPort) const override
     {
         if (commPort < kFirstComPort || commPort > kLastComPort)

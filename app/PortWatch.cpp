@@ -1,0 +1,28 @@
+#include "app/PortWatch.h"
+
+#include "serial/LineSettingsText.h"
+
+namespace quorvane {
+namespace {
+
+/// The system tells of a device a moment before the links to it are made, and not every device lies where the
+/// system tells of it.
+constexpr int kCallsFromMemory = 7;
+
+} // namespace
+
+bool PortWatch::Update(const PortSettings& port)
+{
+    const bool changed = devices_.TakeChange();
+    if (!changed && port.RsPort == port_ && callsToLook_ > 0) {
+        --callsToLook_;
+        return present_;
+    }
+    callsToLook_ = kCallsFromMemory;
+    port_ = port.RsPort;
+    const auto device = names_.Device(PortNumber(port_));
+    present_ = device && names_.Present(*device);
+    return present_;
+}
+
+} // namespace quorvane
