@@ -102,7 +102,8 @@ enum OwnText : int {
     kChartSimulatedText = 1129,
     kChartText = 1130,
 
-    // Chart on paper, in files, on the clipboard. (1141)
+    // Chart on paper, in files, on the clipboard; what its keys do.
+    kChartKeysText = 1141,
 
     // About the program. (1171)
 

@@ -179,6 +179,11 @@ constexpr Entry kEntries[] = {
     {kMassAxisText, "Mass density[mg/m3]", "質量濃度[mg/m3]"},
     {kChartSimulatedText, "SIMULATED VALUES, NOT MEASURED", "シミュレーション値（実測値ではありません）"},
     {kChartText, "Chart", "グラフ"},
+
+    {kChartKeysText,
+     "While zoom is on: drag, turn the wheel or press + and - to zoom, Left and Right to scroll.",
+     "ズームオン中は、ドラッグ、ホイールまたは + と - "
+     "のキーで拡大・縮小し、左右の矢印キーでスクロールします。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
