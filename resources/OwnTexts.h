@@ -104,6 +104,13 @@ enum OwnText : int {
 
     // Chart on paper, in files, on the clipboard; what its keys do.
     kChartKeysText = 1141,
+    kFirstReadingText = 1142,
+    kLastReadingText = 1143,
+    kReadingCountText = 1144,
+    kFactorText = 1145,
+    kPreviewText = 1146,
+    kNotPrintedText = 1147,
+    kPictureNotSavedText = 1148,
 
     // About the program. (1171)
 
