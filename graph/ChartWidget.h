@@ -2,6 +2,7 @@
 
 #include "app/Texts.h"
 #include "graph/ChartControl.h"
+#include "graph/ChartLimits.h"
 
 #include <QPicture>
 #include <QWidget>
@@ -9,7 +10,11 @@
 
 namespace quorvane {
 
-/// The chart on the screen, on paper and in files.
+class ChartOverlay;
+class ChartPlot;
+
+/// The chart on the screen, on paper and in files. While zooming is on, dragging zooms in on a rectangle, the
+/// wheel and the keys + and - zoom, Left and Right scroll; while it is off, mouse and keys do nothing.
 class ChartWidget final : public QWidget, public ChartControl {
 public:
     explicit ChartWidget(QWidget* parent = nullptr);
@@ -21,6 +26,14 @@ public:
     void OnHover(std::function<QString(ChartTime)> hint);
     /// The chart as it stands, in `size` units of 1/96 inch; later readings do not change it.
     [[nodiscard]] QPicture Frozen(QSize size);
+    /// Draws at once what `Repaint` would have drawn when the events are served next.
+    void RepaintNow();
+    /// Where the curves are, in pixels of the widget as it was last drawn.
+    [[nodiscard]] QRect CurveArea() const;
+    [[nodiscard]] double LeftMinimum() const;
+
+    [[nodiscard]] QSize sizeHint() const override { return {720, 360}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {320, 160}; }
 
     [[nodiscard]] ChartTime BottomMinimum() const override;
     [[nodiscard]] ChartTime BottomMaximum() const override;
@@ -41,9 +54,35 @@ public:
     void OnUserZoom(std::function<void()> handler) override;
     void DrawLevel(LineStyle style, double level) override;
 
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
-    class Plot; ///< the library's side; its header is heavy and stays in the source file
-    std::unique_ptr<Plot> plot_;
+    void Set(double ChartLimits::*limit, double value);
+    void Changed();
+    [[nodiscard]] QRect Band(QPoint corner) const;
+    void ZoomInto(QRect band);
+    void ZoomBy(double factor, QPointF around);
+    void Zoom(const ChartLimits& wanted);
+
+    std::unique_ptr<ChartPlot> plot_; ///< the library's side; its header is heavy and stays in the sources
+    ChartOverlay* overlay_;
+    ChartLimits shown_;
+    ChartLimits given_; ///< by the program, outside a zoom
+    std::function<void()> onUserZoom_;
+    bool inZoomHandler_ = false;
+    bool autoRepaint_ = true;
+    bool mouseZoom_ = false;
+    bool dragging_ = false;
+    QPoint dragStart_;
 };
 
 } // namespace quorvane

@@ -102,7 +102,15 @@ enum OwnText : int {
     kChartSimulatedText = 1129,
     kChartText = 1130,
 
-    // Chart on paper, in files, on the clipboard. (1141)
+    // Chart on paper, in files, on the clipboard; what its keys do.
+    kChartKeysText = 1141,
+    kFirstReadingText = 1142,
+    kLastReadingText = 1143,
+    kReadingCountText = 1144,
+    kFactorText = 1145,
+    kPreviewText = 1146,
+    kNotPrintedText = 1147,
+    kPictureNotSavedText = 1148,
 
     // About the program.
     kAboutTitleText = 1171, ///< %1: the program's name

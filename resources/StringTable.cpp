@@ -231,6 +231,20 @@ constexpr Entry kEntries[] = {
     {kReadingAgeText, "Last reading %1 ago", "最終測定から %1"},
     {kNoDataText, "No data from the instrument", "測定器からデータが届いていません"},
     {kPortNotConnectedText, "%1 (not connected)", "%1（未接続）"},
+
+    {kChartKeysText,
+     "While zoom is on: drag, turn the wheel or press + and - to zoom, Left and Right to scroll.",
+     "ズームオン中は、ドラッグ、ホイールまたは + と - "
+     "のキーで拡大・縮小し、左右の矢印キーでスクロールします。"},
+    {kFirstReadingText, "First reading", "最初の測定"},
+    {kLastReadingText, "Last reading", "最後の測定"},
+    {kReadingCountText, "Number of readings", "データ数"},
+    {kFactorText, "Factor [mg/m3 per CPM]", "換算係数 [mg/m3/CPM]"},
+    {kPreviewText, "Print preview", "印刷プレビュー"},
+    {kNotPrintedText, "The chart could not be printed. Check the printer and try again.",
+     "グラフを印刷できませんでした。プリンターを確認し、もう一度お試しください。"},
+    {kPictureNotSavedText, "The picture of the chart could not be saved.",
+     "グラフの画像を保存できませんでした。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -1,0 +1,226 @@
+#include "graph/ChartOutput.h"
+
+#include "app/ModalDialog.h"
+#include "app/QtText.h"
+#include "files/FileFaultText.h"
+#include "files/SaveName.h"
+#include "instrument/DateTimeText.h"
+#include "resources/OwnTexts.h"
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QSaveFile>
+#include <QStorageInfo>
+#include <memory>
+
+namespace quorvane {
+namespace {
+
+constexpr int kTitleText = 101;
+constexpr int kPixelRatio = 2; ///< of saved and copied pictures
+constexpr int kDotsPerInch = 96;
+constexpr double kMetresPerInch = 0.0254;
+constexpr double kPointsPerInch = 72;
+
+QImage ImageOf(const FrozenChart& chart)
+{
+    QImage image(chart.size * kPixelRatio, QImage::Format_RGB32);
+    if (image.isNull())
+        return image;
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(kPixelRatio, kPixelRatio);
+    PaintFrozen(painter, chart);
+    painter.end();
+    const int dotsPerMetre = qRound(kDotsPerInch * kPixelRatio / kMetresPerInch);
+    image.setDotsPerMeterX(dotsPerMetre); // so that it is pasted in the size that it has on the screen
+    image.setDotsPerMeterY(dotsPerMetre);
+    return image;
+}
+
+QByteArray PngOf(const FrozenChart& chart)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    return ImageOf(chart).save(&buffer, "PNG") ? bytes : QByteArray();
+}
+
+QByteArray PdfOf(const FrozenChart& chart, const QString& title)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(title);
+    writer.setResolution(kDotsPerInch);
+    writer.setPageSize(QPageSize(QSizeF(chart.size) * kPointsPerInch / kDotsPerInch, QPageSize::Point, {},
+                                 QPageSize::ExactMatch));
+    writer.setPageMargins({});
+    QPainter painter;
+    if (!painter.begin(&writer))
+        return {};
+    PaintFrozen(painter, chart);
+    return painter.end() ? bytes : QByteArray();
+}
+
+/// Why a file could not be written; the toolkit tells it in words of the system's language alone.
+FileFaultKind FaultOf(const QString& path, qint64 size)
+{
+    const QFileInfo file(path);
+    const QFileInfo folder(file.path());
+    if (!folder.isDir())
+        return FileFaultKind::NotFound;
+    if (file.exists() && !file.isFile())
+        return FileFaultKind::NotAFile;
+    if (!folder.isWritable() || (file.exists() && !file.isWritable()))
+        return FileFaultKind::NoPermission;
+    const qint64 room = QStorageInfo(folder.path()).bytesAvailable();
+    return room >= 0 && room < size ? FileFaultKind::NoSpace : FileFaultKind::Other;
+}
+
+/// Writes beside the file, flushes and renames. @return why not
+std::optional<FileFaultKind> WriteFile(const QString& path, const QByteArray& bytes)
+{
+    if (bytes.isEmpty())
+        return FileFaultKind::Other;
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return std::nullopt;
+    return FaultOf(path, bytes.size());
+}
+
+} // namespace
+
+ChartOutput::ChartOutput(ChartWidget& chart, const ApplicationState& state, const MeasurementArrays& arrays,
+                         const Texts& texts, const LocaleItems& locale, const LocalClock& clock,
+                         Prompts& prompts, QWidget* parent)
+    : chart_(chart),
+      state_(state),
+      arrays_(arrays),
+      texts_(texts),
+      locale_(locale),
+      clock_(clock),
+      prompts_(prompts),
+      parent_(parent)
+{
+}
+
+ChartPage ChartOutput::Page() const
+{
+    ChartPage page{.title = Shown(texts_[kTitleText]),
+                   .facts = ChartFacts(state_, arrays_, texts_, locale_),
+                   .notice = arrays_.Simulated ? Shown(texts_[kChartSimulatedText]) : QString(),
+                   .charts = {}};
+    for (const QSize size : UsualChartSizes())
+        page.charts.push_back({chart_.Frozen(size), size});
+    return page;
+}
+
+FrozenChart ChartOutput::Picture() const
+{
+    const QSize size = chart_.size().expandedTo(chart_.minimumSizeHint());
+    return {chart_.Frozen(size), size};
+}
+
+void ChartOutput::Preview()
+{
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setPageOrientation(QPageLayout::Landscape);
+    printer->setDocName(Shown(texts_[kTitleText]));
+    auto* const preview = new QPrintPreviewDialog(printer.get(), parent_);
+    preview->setAttribute(Qt::WA_DeleteOnClose);
+    preview->setWindowTitle(Shown(texts_[kPreviewText]));
+    QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
+                     [page = Page()](QPrinter* paper) {
+                         QPainter painter;
+                         if (painter.begin(paper))
+                             PaintChartPage(painter, painter.viewport(), page);
+                     });
+    QObject::connect(preview, &QObject::destroyed, [printer] {}); // the dialog needs it to its end
+    preview->show();
+}
+
+void ChartOutput::Print()
+{
+    const ChartPage page = Page();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    printer.setDocName(page.title);
+    const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, parent_);
+    dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+    if (!RunModally(dialog.data()))
+        return;
+    const bool accepted = dialog->result() == QDialog::Accepted;
+    delete dialog;
+    if (accepted)
+        PrintOn(printer, page);
+}
+
+void ChartOutput::PrintOn(QPrinter& printer, const ChartPage& page)
+{
+    QPainter painter;
+    bool printed = painter.begin(&printer);
+    if (printed) {
+        PaintChartPage(painter, painter.viewport(), page);
+        printed = painter.end() && printer.printerState() != QPrinter::Error;
+    }
+    if (printed)
+        return;
+    const QString file = printer.outputFileName(); // empty for paper
+    TellFailure(kNotPrintedText, file.isEmpty() ? std::string() : texts_[ReasonText(FaultOf(file, 0))]);
+}
+
+void ChartOutput::SaveImage()
+{
+    const FrozenChart picture = Picture();
+    const std::optional<std::string> answer =
+        prompts_.AskSaveName({.filter = "PNG (*.png)|*.png|PDF (*.pdf)|*.pdf|",
+                              .filterIndex = 1,
+                              .overwritePrompt = true,
+                              .defaultName = "Quorvane-" + FileStamp(clock_.Now()),
+                              .folder = state_.DefaultFolder,
+                              .extension = "png"});
+    if (!answer)
+        return;
+    // A name that is still without an extension was typed while the other kind was chosen.
+    const std::string path = WithExtension(Typed(QFileInfo(Shown(*answer)).filePath()), "pdf");
+    if (path.size() > answer->size() && QFileInfo::exists(Shown(path)) && !MayReplace(path))
+        return;
+    const bool pdf = Shown(path).endsWith(u".pdf"_qs, Qt::CaseInsensitive);
+    const QByteArray bytes = pdf ? PdfOf(picture, Shown(texts_[kTitleText])) : PngOf(picture);
+    if (const auto fault = WriteFile(Shown(path), bytes))
+        TellFailure(kPictureNotSavedText, texts_[ReasonText(*fault)]);
+}
+
+/// The dialog has not seen the name with its extension.
+bool ChartOutput::MayReplace(const std::string& path)
+{
+    const std::string name = Typed(QFileInfo(Shown(path)).fileName());
+    return prompts_.Show({.text = FilledIn(texts_[kReplaceFileText], name),
+                          .icon = Icon::Exclamation,
+                          .titleId = kTitleText,
+                          .buttons = Buttons::YesNo}) == Answer::Yes;
+}
+
+void ChartOutput::Copy()
+{
+    QGuiApplication::clipboard()->setImage(ImageOf(Picture()));
+}
+
+void ChartOutput::TellFailure(int textId, const std::string& reason)
+{
+    prompts_.Show({.text = texts_[textId] + (reason.empty() ? "" : "\r\n" + reason),
+                   .icon = Icon::Critical,
+                   .titleId = kTitleText,
+                   .buttons = Buttons::Ok});
+}
+
+} // namespace quorvane

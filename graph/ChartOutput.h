@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/LocalClock.h"
+#include "app/Prompts.h"
+#include "graph/ChartPage.h"
+#include "graph/ChartWidget.h"
+
+class QPrinter;
+
+namespace quorvane {
+
+/// The chart on paper, in files and on the clipboard: as it stood when it was asked for, whatever is
+/// measured while dialogs are open.
+class ChartOutput {
+public:
+    /// @param parent  of the dialogs
+    ChartOutput(ChartWidget& chart, const ApplicationState& state, const MeasurementArrays& arrays,
+                const Texts& texts, const LocaleItems& locale, const LocalClock& clock, Prompts& prompts,
+                QWidget* parent);
+
+    /// Shows the page in a window of its own; returns at once and holds nothing up.
+    void Preview();
+    /// Asks for the printer and prints the page.
+    void Print();
+    /// Asks for a name and saves the chart, as large as on the screen: as a picture of twice the screen's
+    /// pixels, or as a page of lines and texts when the name ends in ".pdf".
+    void SaveImage();
+    /// Puts the same picture onto the clipboard.
+    void Copy();
+
+    /// The page as things stand.
+    [[nodiscard]] ChartPage Page() const;
+    /// Prints `page` and tells the operator when that fails.
+    void PrintOn(QPrinter& printer, const ChartPage& page);
+
+private:
+    [[nodiscard]] FrozenChart Picture() const;
+    [[nodiscard]] bool MayReplace(const std::string& path);
+    void TellFailure(int textId, const std::string& reason);
+
+    ChartWidget& chart_;
+    const ApplicationState& state_;
+    const MeasurementArrays& arrays_;
+    const Texts& texts_;
+    const LocaleItems& locale_;
+    const LocalClock& clock_;
+    Prompts& prompts_;
+    QWidget* parent_;
+};
+
+} // namespace quorvane
