@@ -19,6 +19,8 @@ public:
     /// question
     Answer Show(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
+    /// Nothing is opened on the command line.
+    [[nodiscard]] std::optional<std::string> AskOpenName(const OpenQuestion& question) override;
 
 private:
     Console& console_;
