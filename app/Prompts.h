@@ -44,6 +44,7 @@ public:
     virtual Answer Show(const Message& message) = 0;
     /// @return the chosen path, UTF-8, or nothing when the operator cancelled
     [[nodiscard]] virtual std::optional<std::string> AskSaveName(const SaveQuestion& question) = 0;
+    [[nodiscard]] virtual std::optional<std::string> AskOpenName(const OpenQuestion& question) = 0;
 };
 
 } // namespace quorvane

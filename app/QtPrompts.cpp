@@ -2,12 +2,26 @@
 
 #include "app/MessageBox.h"
 #include "app/ModalDialog.h"
+#include "app/OpenDialog.h"
 #include "app/QtText.h"
 #include "app/SaveDialog.h"
 
 #include <QApplication>
 
 namespace quorvane {
+namespace {
+
+/// @return nothing also when the dialog ended with its window
+std::optional<std::string> NameFrom(const QPointer<FileDialog>& dialog)
+{
+    if (!RunModally(dialog.data()))
+        return std::nullopt;
+    const std::optional<QString> path = dialog->ChosenPath();
+    delete dialog;
+    return path ? std::optional(Typed(*path)) : std::nullopt;
+}
+
+} // namespace
 
 Answer QtPrompts::Show(const Message& message)
 {
@@ -16,12 +30,12 @@ Answer QtPrompts::Show(const Message& message)
 
 std::optional<std::string> QtPrompts::AskSaveName(const SaveQuestion& question)
 {
-    const QPointer<SaveDialog> dialog = new SaveDialog(question, texts_, Parent());
-    if (!RunModally(dialog.data()))
-        return std::nullopt;
-    const std::optional<QString> path = dialog->ChosenPath();
-    delete dialog;
-    return path ? std::optional(Typed(*path)) : std::nullopt;
+    return NameFrom(new SaveDialog(question, texts_, Parent()));
+}
+
+std::optional<std::string> QtPrompts::AskOpenName(const OpenQuestion& question)
+{
+    return NameFrom(new OpenDialog(question, texts_, Parent()));
 }
 
 QWidget* QtPrompts::Parent() const

@@ -20,6 +20,7 @@ public:
     /// A question cannot be left without an answer: Escape and the close box do nothing to it.
     Answer Show(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
+    [[nodiscard]] std::optional<std::string> AskOpenName(const OpenQuestion& question) override;
 
 private:
     [[nodiscard]] QWidget* Parent() const;

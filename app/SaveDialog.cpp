@@ -5,134 +5,32 @@
 #include "files/SaveName.h"
 #include "resources/OwnTexts.h"
 
-#include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
-#include <QFileSystemModel>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QSplitter>
-#include <QTreeView>
-#include <QUrl>
-#include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace quorvane {
-namespace {
-
-constexpr int kCancelText = 129;
-
-QStringList Patterns(const FileFilter& filter)
-{
-    QStringList patterns;
-    for (const std::string& pattern : filter.patterns)
-        patterns += Shown(pattern);
-    return patterns;
-}
-
-QString ExistingFolder(const std::string& folder)
-{
-    const QString path = Shown(folder);
-    return !path.isEmpty() && QFileInfo(path).isDir() ? QDir(path).absolutePath() : QDir::homePath();
-}
-
-} // namespace
 
 SaveDialog::SaveDialog(SaveQuestion question, const Texts& texts, QWidget* parent)
-    : QFileDialog(parent), question_(std::move(question)), texts_(texts), types_(nullptr)
+    : FileDialog({.titleId = kSaveAsText,
+                  .acceptId = kSaveText,
+                  .mode = AcceptSave,
+                  .files = AnyFile,
+                  .filter = question.filter,
+                  .filterIndex = question.filterIndex,
+                  .folder = question.folder},
+                 texts, parent),
+      question_(std::move(question))
 {
-    setOptions(DontUseNativeDialog | HideNameFilterDetails); // descriptions bring their patterns along
-    setAcceptMode(AcceptSave);
-    setFileMode(AnyFile);
-    types_ = findChild<QComboBox*>(u"fileTypeCombo"_qs);
-    Translate();
-    GiveRoom();
-    SetFolder(ExistingFolder(question_.folder));
-    SetFilters();
     if (!question_.defaultName.empty())
         selectFile(Shown(question_.defaultName));
 }
 
-void SaveDialog::Translate()
-{
-    setWindowTitle(Shown(texts_[kSaveAsText]));
-    setLabelText(LookIn, Shown(texts_[kLookInText]));
-    setLabelText(FileName, Shown(texts_[kFileNameText]));
-    setLabelText(FileType, Shown(texts_[kFilesOfTypeText]));
-    setLabelText(Accept, Shown(texts_[kSaveText]));
-    setLabelText(Reject, Shown(texts_[kCancelText]));
-}
-
-// The toolkit makes its columns and its list of places too narrow for their usual contents.
-void SaveDialog::GiveRoom()
-{
-    const int column = fontMetrics().horizontalAdvance(u"0000-00-00 00:00:00"_qs);
-    resize(column * 5, column * 3);
-    if (auto* const list = findChild<QTreeView*>())
-        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    if (auto* const splitter = findChild<QSplitter*>())
-        splitter->setSizes({column, column * 4});
-}
-
-void SaveDialog::SetFolder(const QString& folder)
-{
-    QList<QUrl> places = {QUrl::fromLocalFile(QDir::homePath())};
-    if (const QUrl start = QUrl::fromLocalFile(folder); !places.contains(start))
-        places += start;
-    setSidebarUrls(places);
-    setDirectory(folder);
-}
-
-void SaveDialog::SetFilters()
-{
-    const std::vector<FileFilter> filters = FileFilters(question_.filter);
-    if (filters.empty())
-        return;
-    QStringList names;
-    for (const FileFilter& filter : filters)
-        names += Shown(filter.description) + u" ("_qs + Patterns(filter).join(u' ') + u')';
-    setNameFilters(names);
-    selectNameFilter(names[std::clamp<qsizetype>(question_.filterIndex - 1, 0, names.size() - 1)]);
-
-    // The toolkit answers another choice of filter by giving the typed name that filter's extension:
-    // "dust 1.5" would become "dust 1.CSV". Here the choice decides what is listed and leaves the name alone.
-    auto* const files = findChild<QFileSystemModel*>();
-    if (types_ == nullptr || files == nullptr)
-        return;
-    types_->disconnect(this);
-    connect(types_, &QComboBox::activated, files, [files, filters](int index) {
-        files->setNameFilters(Patterns(filters.at(static_cast<std::size_t>(index))));
-    });
-}
-
-void SaveDialog::accept()
-{
-    const QStringList typed = TypedPaths();
-    const bool isFolder = !typed.isEmpty() && QFileInfo(typed.first()).isDir();
-    if (typed.isEmpty() || isFolder) {
-        QFileDialog::accept(); // enters it
-        return;
-    }
-    const QString path = FinalPath(typed.first());
-    if (!CanBeTaken(path)) // nothing is touched after this: the dialog may have ended with its window
-        return;
-    chosen_ = QDir::toNativeSeparators(path);
-    done(Accepted);
-}
-
-/// The toolkit takes what stands between quotation marks for a list of names, and would save under another.
-QStringList SaveDialog::TypedPaths() const
-{
-    const auto* const name = findChild<QLineEdit*>();
-    const bool quoted = name != nullptr && name->text().contains(QLatin1Char('"'));
-    return quoted ? QStringList{directory().absoluteFilePath(name->text())} : selectedFiles();
-}
-
 QString SaveDialog::FinalPath(const QString& typed) const
 {
-    const bool itsFilter = types_ != nullptr && types_->currentIndex() == question_.filterIndex - 1;
-    return itsFilter ? Shown(WithExtension(Typed(typed), question_.extension)) : typed;
+    if (!IsFilterChosen(question_.filterIndex))
+        return typed;
+    return Shown(WithExtension(Typed(typed), question_.extension));
 }
 
 bool SaveDialog::CanBeTaken(const QString& path)
@@ -149,15 +47,10 @@ bool SaveDialog::CanBeTaken(const QString& path)
     // The toolkit would have asked about the name as typed, without its extension.
     if (!question_.overwritePrompt || !file.exists())
         return true;
-    const Message question = {.text = FilledIn(texts_[kReplaceFileText], Typed(file.fileName())),
+    const Message question = {.text = FilledIn(ProgramTexts()[kReplaceFileText], Typed(file.fileName())),
                               .icon = Icon::Exclamation,
                               .buttons = Buttons::YesNo};
-    return ShowMessageBox(question, texts_, this, WayOut::EscapeIsNo) == Answer::Yes;
-}
-
-void SaveDialog::Refuse(int textId)
-{
-    ShowMessageBox({.text = texts_[textId], .icon = Icon::Exclamation}, texts_, this);
+    return ShowMessageBox(question, ProgramTexts(), this, WayOut::EscapeIsNo) == Answer::Yes;
 }
 
 } // namespace quorvane

@@ -21,4 +21,9 @@ std::optional<std::string> ConsolePrompts::AskSaveName(const SaveQuestion&)
     return saveName_;
 }
 
+std::optional<std::string> ConsolePrompts::AskOpenName(const OpenQuestion&)
+{
+    return std::nullopt;
+}
+
 } // namespace quorvane

@@ -18,6 +18,8 @@ public:
     /// Prints the message, its line ends as one blank. @return Ok, or a question's unattended answer
     Answer Show(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
+    /// Nothing is opened on the command line.
+    [[nodiscard]] std::optional<std::string> AskOpenName(const OpenQuestion& question) override;
 
 private:
     Console& console_;

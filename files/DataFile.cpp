@@ -11,14 +11,6 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::size_t kUsualRowLength = 80;
 
-constexpr std::string_view kFullHeading =
-    "Time,Relative Concentration([CPM]),Mass Concentration([mg/m3]),Mass Concentration(TWA)([mg/m3]),"
-    "Mass Concentration(STEL)([mg/m3]),Relative Concentration(Integrated Value[CPM]),"
-    "Mass Concentration(Integrated Value[mg/m3])";
-constexpr std::string_view kShortHeading =
-    "Time,Relative Concentration([CPM]),Mass Concentration([mg/m3]),"
-    "Relative Concentration(Integrated Value[CPM]),Mass Concentration(Integrated Value[mg/m3])";
-
 /// Appends the columns of one row.
 class RowWriter {
 public:
@@ -65,10 +57,10 @@ std::string DataFileText(const MeasurementArrays& arrays, const std::string& dat
     const double factor = LeadingNumber(factorText) / 1000;
     std::string text;
     text.reserve((rows + 5) * kUsualRowLength);
-    text.append("Program Ver.,").append(FileVersionText(format.version)).append(kLineEnd);
-    text.append("Date,").append(dateText).append(kLineEnd);
-    text.append("Data,").append(GeneralText(count, format.decimalSign)).append(kLineEnd);
-    text.append("K Factor,").append(GeneralText(factor, format.decimalSign)).append(kLineEnd);
+    text.append(kVersionKey).append(FileVersionText(format.version)).append(kLineEnd);
+    text.append(kDateKey).append(dateText).append(kLineEnd);
+    text.append(kCountKey).append(GeneralText(count, format.decimalSign)).append(kLineEnd);
+    text.append(kFactorKey).append(GeneralText(factor, format.decimalSign)).append(kLineEnd);
     if (layout != kFullLayout && layout != kShortLayout)
         return text;
     const bool full = layout == kFullLayout;

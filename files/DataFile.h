@@ -9,8 +9,23 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace quorvane {
+
+/// What the first four lines of a data file begin with.
+inline constexpr std::string_view kVersionKey = "Program Ver.,";
+inline constexpr std::string_view kDateKey = "Date,";
+inline constexpr std::string_view kCountKey = "Data,";
+inline constexpr std::string_view kFactorKey = "K Factor,";
+/// The fifth line, which tells the layouts apart.
+inline constexpr std::string_view kFullHeading =
+    "Time,Relative Concentration([CPM]),Mass Concentration([mg/m3]),Mass Concentration(TWA)([mg/m3]),"
+    "Mass Concentration(STEL)([mg/m3]),Relative Concentration(Integrated Value[CPM]),"
+    "Mass Concentration(Integrated Value[mg/m3])";
+inline constexpr std::string_view kShortHeading =
+    "Time,Relative Concentration([CPM]),Mass Concentration([mg/m3]),"
+    "Relative Concentration(Integrated Value[CPM]),Mass Concentration(Integrated Value[mg/m3])";
 
 /// How averages (TWA, STEL) and integrated mass concentrations are written; counts and concentrations are
 /// written in general form.

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "app/Texts.h"
 #include "files/FileStore.h"
 #include "resources/OwnTexts.h"
+
+#include <string>
 
 namespace quorvane {
 
@@ -23,6 +26,12 @@ namespace quorvane {
         break;
     }
     return kFileOtherText;
+}
+
+/// The same in words: the system's own where it has some.
+[[nodiscard]] inline std::string FaultReason(const FileFault& fault, const Texts& texts)
+{
+    return fault.systemReason.empty() ? texts[ReasonText(fault.kind)] : fault.systemReason;
 }
 
 } // namespace quorvane

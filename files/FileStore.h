@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,8 @@ class FileStore {
 public:
     virtual ~FileStore() = default;
     [[nodiscard]] virtual bool Exists(const std::string& path) const = 0;
+    /// Bytes of a file, so that a large one need not be read to be refused; nothing when that is not known.
+    [[nodiscard]] virtual std::optional<std::uintmax_t> Size(const std::string& path) const = 0;
     [[nodiscard]] virtual std::optional<FileFault> ReadWhole(const std::string& path,
                                                              std::string& bytes) const = 0;
     /// Appends to a file and makes it when there is none.

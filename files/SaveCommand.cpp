@@ -39,13 +39,16 @@ SaveResult SaveCommand::SaveMeasurement()
 
 std::optional<FileFault> SaveCommand::SaveTo(const std::string& path)
 {
-    const std::string date = SystemDateText(world_.clock.Now(), world_.locale);
+    // The readings of an opened file were not taken today, even where nobody knows when they were.
+    const bool ownRun = arrays_.FileDate.empty() && arrays_.Dated;
+    const std::string date = ownRun ? SystemDateText(world_.clock.Now(), world_.locale) : arrays_.FileDate;
+    const std::int16_t layout = arrays_.Averages ? kFullLayout : kShortLayout;
     const std::string factor = arrays_.ExtraField.size() > 1 ? arrays_.ExtraField[1] : "";
     const DataFileContext context = {world_.store,
                                      world_.codePage,
                                      arrays_,
                                      {.decimalSign = world_.locale.DecimalSign(), .version = world_.version}};
-    auto fault = WriteDataFile(path, date, factor, state_.SampleCount, kFullLayout, context);
+    auto fault = WriteDataFile(path, date, factor, state_.SampleCount, layout, context);
     if (!fault)
         state_.DataSaved = 1;
     return fault;
@@ -68,9 +71,7 @@ std::optional<std::string> SaveCommand::Rescue(std::span<const std::string> fold
 
 void SaveCommand::TellFailure(const FileFault& fault)
 {
-    const std::string reason =
-        fault.systemReason.empty() ? world_.texts[ReasonText(fault.kind)] : fault.systemReason;
-    world_.prompts.Show({.text = world_.texts[kNotSavedText] + "\r\n" + reason,
+    world_.prompts.Show({.text = world_.texts[kNotSavedText] + "\r\n" + FaultReason(fault, world_.texts),
                          .icon = Icon::Critical,
                          .titleId = kTitleText,
                          .buttons = Buttons::Ok});

@@ -35,6 +35,7 @@ struct SaveSurroundings {
 };
 
 /// Saves the readings of the last run as a data file of the full layout, dated with the day of saving.
+/// Readings that were opened keep their file's date, and the short layout when they have no averages.
 class SaveCommand {
 public:
     SaveCommand(ApplicationState& state, const MeasurementArrays& arrays, SaveSurroundings surroundings)

@@ -27,14 +27,15 @@ ReadingPanel::ReadingPanel(const Labels& labels) : labels_(labels)
 
 void ReadingPanel::Show(const MeasurementArrays& arrays, int sample, std::string_view decimalSign)
 {
-    if (sample == 0) {
-        for (QLabel* label : {labels_.count, labels_.conc, labels_.twa, labels_.stel})
-            label->setText(QStringLiteral("\u2013"));
+    for (QLabel* label : {labels_.count, labels_.conc, labels_.twa, labels_.stel})
+        label->setText(QStringLiteral("\u2013"));
+    if (sample == 0)
         return;
-    }
     const auto i = static_cast<std::size_t>(sample);
     labels_.count->setText(Shown(GeneralText(arrays.CountValue[i], decimalSign)));
     labels_.conc->setText(Shown(PatternText(arrays.ConcValue[i], kSteadyConcPattern, decimalSign)));
+    if (!arrays.Averages)
+        return;
     labels_.twa->setText(Shown(PatternText(arrays.DerivedValueA[i], kSteadyAveragePattern, decimalSign)));
     labels_.stel->setText(Shown(PatternText(arrays.DerivedValueB[i], kSteadyAveragePattern, decimalSign)));
 }

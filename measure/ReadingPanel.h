@@ -19,7 +19,7 @@ public:
     };
     explicit ReadingPanel(const Labels& labels);
 
-    /// @param sample  from 1; 0: no reading, shown as dashes
+    /// @param sample  from 1; 0: no reading. What is not there is shown as a dash.
     void Show(const MeasurementArrays& arrays, int sample, std::string_view decimalSign);
     /// Greys the values, for they are old.
     void SetStale(bool stale);

@@ -8,6 +8,8 @@ std::string ReadingText(const MeasurementArrays& arrays, int sample, ReadingColu
                         std::string_view decimalSign)
 {
     const auto i = static_cast<std::size_t>(sample);
+    if (!arrays.Averages && (column == ReadingColumn::Twa || column == ReadingColumn::Stel))
+        return {};
     switch (column) {
     case ReadingColumn::Time:
         return arrays.MeasureTime[i];

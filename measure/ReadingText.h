@@ -17,7 +17,8 @@ inline constexpr NumberPattern kSteadyConcPattern{.integerDigits = 1, .minDecima
 enum class ReadingColumn { Time, Count, Conc, Twa, Stel, IntegratedCount, IntegratedConc };
 inline constexpr int kReadingColumns = 7;
 
-/// The text of one value of reading `sample` (from 1), as the data file has it.
+/// The text of one value of reading `sample` (from 1), as the data file has it; empty for an average that is
+/// not there.
 [[nodiscard]] std::string ReadingText(const MeasurementArrays& arrays, int sample, ReadingColumn column,
                                       std::string_view decimalSign);
 

@@ -133,7 +133,14 @@ enum OwnText : int {
     kAlarmGroupText = 1186,
     kGraphHintText = 1187,
 
-    // Opening a data file. (1191)
+    // Opening a data file.
+    kOpenTitleText = 1191,
+    kOpenText = 1192,
+    kNotADataFileText = 1193,
+    kDataLineText = 1194,      ///< %1: a line's number
+    kDataFewerRowsText = 1195, ///< %1: readings that are there; a second %1: readings announced
+    kDataMoreRowsText = 1196,  ///< %1: readings announced
+    kDataTooLargeText = 1197,  ///< %1: readings that a file can hold
 
     // Age of the newest reading, ports that come and go.
     kReadingAgeSecondsText = 1221, ///< %1: seconds

@@ -245,6 +245,17 @@ constexpr Entry kEntries[] = {
      "グラフを印刷できませんでした。プリンターを確認し、もう一度お試しください。"},
     {kPictureNotSavedText, "The picture of the chart could not be saved.",
      "グラフの画像を保存できませんでした。"},
+    {kOpenTitleText, "Open", "開く"},
+    {kOpenText, "&Open", "開く(&O)"},
+    {kNotADataFileText, "This is not a data file of this program.",
+     "このプログラムのデータファイルではありません。"},
+    {kDataLineText, "Line %1 of the file cannot be read.", "ファイルの %1 行目を読み取れません。"},
+    {kDataFewerRowsText, "The file is not complete: it ends after reading %1 of %1.",
+     "ファイルが途中で終わっています (測定回数 %1 / %1)。"},
+    {kDataMoreRowsText, "The file holds more than the %1 readings that it announces.",
+     "ファイルに記載された測定回数 %1 を超えるデータがあります。"},
+    {kDataTooLargeText, "The file is too large. A data file holds %1 readings at most.",
+     "ファイルが大きすぎます。データファイルの測定回数は最大 %1 です。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -199,6 +199,14 @@ bool PosixFileStore::Exists(const std::string& path) const
     return ::stat(path.c_str(), &status) == 0;
 }
 
+std::optional<std::uintmax_t> PosixFileStore::Size(const std::string& path) const
+{
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return static_cast<std::uintmax_t>(status.st_size);
+}
+
 Fault PosixFileStore::ReadWhole(const std::string& path, std::string& bytes) const
 {
     bytes.clear();

@@ -10,6 +10,7 @@ namespace quorvane {
 class PosixFileStore final : public FileStore {
 public:
     [[nodiscard]] bool Exists(const std::string& path) const override;
+    [[nodiscard]] std::optional<std::uintmax_t> Size(const std::string& path) const override;
     [[nodiscard]] std::optional<FileFault> ReadWhole(const std::string& path,
                                                      std::string& bytes) const override;
     [[nodiscard]] std::optional<FileFault> Append(const std::string& path, std::string_view bytes) override;

@@ -174,6 +174,15 @@ bool WindowsFileStore::Exists(const std::string& path) const
     return ::GetFileAttributesW(Wide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+std::optional<std::uintmax_t> WindowsFileStore::Size(const std::string& path) const
+{
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!::GetFileAttributesExW(Wide(path).c_str(), GetFileExInfoStandard, &data) ||
+        (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return std::nullopt;
+    return static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32U | data.nFileSizeLow;
+}
+
 Fault WindowsFileStore::ReadWhole(const std::string& path, std::string& bytes) const
 {
     bytes.clear();

@@ -197,5 +197,38 @@ TEST_F(SaveDialogTest, ItSpeaksTheProgramsLanguage)
     EXPECT_EQ(Ask(), "cancelled");
 }
 
+TEST_F(SaveDialogTest, TheOpenDialogTakesAFileThatIsThere)
+{
+    QDir(folder.path()).mkdir(u"sub"_qs);
+    Put(u"run.csv"_qs);
+    Put(u"run.txt"_qs);
+    const OpenQuestion open{.filter = question.filter, .filterIndex = 2, .folder = question.folder};
+    const auto listed = [](QDialog& dialog) {
+        auto* const list = dialog.findChild<QListView*>(u"listView"_qs);
+        return list->model()->rowCount(list->rootIndex());
+    };
+    someone.Does(
+        {Save(u"none.csv"_qs),
+         Answers(u"The folder or the file does not exist. Choose another place."_qs, Press(Qt::Key_Escape)),
+         [&](QDialog& dialog) {
+             EXPECT_EQ(Name(dialog).text(), u"none.csv");
+             EXPECT_TRUE(QTest::qWaitFor([&] { return listed(dialog) == 2; })) << "a folder and a file";
+             Save(u"sub"_qs)(dialog);
+         },
+         [](QDialog& dialog) {
+             EXPECT_EQ(Name(dialog).text(), u"") << "the folder is entered";
+             Save(u"../run.txt"_qs)(dialog);
+         }});
+    EXPECT_EQ(prompts.AskOpenName(open), Path(u"sub/../run.txt"_qs));
+
+    state.LanguageOffset = 0;
+    someone.Does({[](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), u"開く");
+        EXPECT_EQ(dialog.findChild<QPushButton*>()->text(), u"開く(&O)");
+        dialog.close();
+    }});
+    EXPECT_EQ(prompts.AskOpenName(open), std::nullopt);
+}
+
 } // namespace
 } // namespace quorvane

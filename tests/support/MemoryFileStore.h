@@ -18,6 +18,12 @@ public:
 
     bool Exists(const std::string& path) const override { return files.contains(path); }
 
+    std::optional<std::uintmax_t> Size(const std::string& path) const override
+    {
+        const auto file = files.find(path);
+        return file == files.end() ? std::nullopt : std::optional<std::uintmax_t>(file->second.size());
+    }
+
     std::optional<FileFault> ReadWhole(const std::string& path, std::string& bytes) const override
     {
         if (readFault)

@@ -9,14 +9,16 @@
 namespace quorvane {
 
 /// Records what the operator is asked and gives the answers in turn. Without an answer left, a question is
-/// answered No, a message Ok, and a save dialog is cancelled.
+/// answered No, a message Ok, and a file dialog is cancelled.
 class ScriptedPrompts : public Prompts {
 public:
     std::deque<Answer> answers; ///< for messages with Yes and No
     std::deque<std::optional<std::string>> saveNames;
+    std::deque<std::optional<std::string>> openNames;
     std::vector<Message> messages;           ///< shown so far
     std::vector<SaveQuestion> saveQuestions; ///< asked so far
-    std::function<void()> whileOpen;         ///< what happens while a box is open
+    std::vector<OpenQuestion> openQuestions;
+    std::function<void()> whileOpen; ///< what happens while a box is open
 
     Answer Show(const Message& message) override
     {
@@ -34,6 +36,14 @@ public:
         if (whileOpen)
             whileOpen();
         return Next(saveNames, std::optional<std::string>());
+    }
+
+    std::optional<std::string> AskOpenName(const OpenQuestion& question) override
+    {
+        openQuestions.push_back(question);
+        if (whileOpen)
+            whileOpen();
+        return Next(openNames, std::optional<std::string>());
     }
 
 private:
