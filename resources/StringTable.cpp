@@ -50,9 +50,9 @@ constexpr Entry kEntries[] = {
     {238, "Communication Error", "通信エラー"},
     {247, "PM", "午後"}, // what a 12-hour clock writes in the afternoon, in either language
     {249, "PM", "PM"},
-    {260, "Total Measure Time:", "総測定時間:"},
     {258, "More than 10000 readings make a long table. Go on?",
      "測定回数が 10000 回を超えると、表が長くなります。続行しますか？"},
+    {260, "Total Measure Time:", "総測定時間:"},
     {264, "There is a problem in the date data. Graphical representation is not possible.",
      "日付データに異常があります。グラフを表示できません。"},
     {265, "There is a problem in the time data. Graphical representation is not possible.",
@@ -201,6 +201,21 @@ constexpr Entry kEntries[] = {
     {kMassAxisText, "Mass density[mg/m3]", "質量濃度[mg/m3]"},
     {kChartSimulatedText, "SIMULATED VALUES, NOT MEASURED", "シミュレーション値（実測値ではありません）"},
     {kChartText, "Chart", "グラフ"},
+
+    {kChartKeysText,
+     "While zoom is on: drag, turn the wheel or press + and - to zoom, Left and Right to scroll.",
+     "ズームオン中は、ドラッグ、ホイールまたは + と - "
+     "のキーで拡大・縮小し、左右の矢印キーでスクロールします。"},
+    {kFirstReadingText, "First reading", "最初の測定"},
+    {kLastReadingText, "Last reading", "最後の測定"},
+    {kReadingCountText, "Number of readings", "データ数"},
+    {kFactorText, "Factor [mg/m3 per CPM]", "換算係数 [mg/m3/CPM]"},
+    {kPreviewText, "Print preview", "印刷プレビュー"},
+    {kNotPrintedText, "The chart could not be printed. Check the printer and try again.",
+     "グラフを印刷できませんでした。プリンターを確認し、もう一度お試しください。"},
+    {kPictureNotSavedText, "The picture of the chart could not be saved.",
+     "グラフの画像を保存できませんでした。"},
+
     {kAboutTitleText, "About %1", "%1 について"},
     {kVersionText, "Version %1", "バージョン %1"},
     {kLicenceText,
@@ -227,24 +242,7 @@ constexpr Entry kEntries[] = {
      "use first.",
      "相対濃度と質量濃度を同時に表示することはできません。切り替えるには、選択中の側のチェックをすべて外して"
      "ください。"},
-    {kReadingAgeSecondsText, "Last reading %1 s ago", "最終測定から %1 秒"},
-    {kReadingAgeText, "Last reading %1 ago", "最終測定から %1"},
-    {kNoDataText, "No data from the instrument", "測定器からデータが届いていません"},
-    {kPortNotConnectedText, "%1 (not connected)", "%1（未接続）"},
 
-    {kChartKeysText,
-     "While zoom is on: drag, turn the wheel or press + and - to zoom, Left and Right to scroll.",
-     "ズームオン中は、ドラッグ、ホイールまたは + と - "
-     "のキーで拡大・縮小し、左右の矢印キーでスクロールします。"},
-    {kFirstReadingText, "First reading", "最初の測定"},
-    {kLastReadingText, "Last reading", "最後の測定"},
-    {kReadingCountText, "Number of readings", "データ数"},
-    {kFactorText, "Factor [mg/m3 per CPM]", "換算係数 [mg/m3/CPM]"},
-    {kPreviewText, "Print preview", "印刷プレビュー"},
-    {kNotPrintedText, "The chart could not be printed. Check the printer and try again.",
-     "グラフを印刷できませんでした。プリンターを確認し、もう一度お試しください。"},
-    {kPictureNotSavedText, "The picture of the chart could not be saved.",
-     "グラフの画像を保存できませんでした。"},
     {kOpenTitleText, "Open", "開く"},
     {kOpenText, "&Open", "開く(&O)"},
     {kNotADataFileText, "This is not a data file of this program.",
@@ -256,6 +254,11 @@ constexpr Entry kEntries[] = {
      "ファイルに記載された測定回数 %1 を超えるデータがあります。"},
     {kDataTooLargeText, "The file is too large. A data file holds %1 readings at most.",
      "ファイルが大きすぎます。データファイルの測定回数は最大 %1 です。"},
+
+    {kReadingAgeSecondsText, "Last reading %1 s ago", "最終測定から %1 秒"},
+    {kReadingAgeText, "Last reading %1 ago", "最終測定から %1"},
+    {kNoDataText, "No data from the instrument", "測定器からデータが届いていません"},
+    {kPortNotConnectedText, "%1 (not connected)", "%1（未接続）"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
