@@ -31,7 +31,10 @@ DesktopProgram::DesktopProgram(Platform platform)
                 kProgramVersion),
       save_(state_, arrays_,
             {*platform_.files, *platform_.codePage, *platform_.locale, *platform_.clock, prompts_, texts_,
-             kProgramVersion})
+             kProgramVersion}),
+      open_(state_, arrays_,
+            {*platform_.files, *platform_.codePage, *platform_.locale, *platform_.clock, prompts_, texts_}),
+      port_(*platform_.devices, *platform_.portNames)
 {
     QApplication::setQuitOnLastWindowClosed(
         false); // the main window decides; a box at start-up is not the last
@@ -88,9 +91,13 @@ void DesktopProgram::ShowMainWindow()
                                                                        .log = log_,
                                                                        .texts = texts_,
                                                                        .random = MakeRandomSource()},
+                                                               .timer4 = timer4_,
                                                                .statusTimer = statusTimer_,
+                                                               .port = port_,
                                                                .locale = *platform_.locale,
                                                                .saveCommand = save_,
+                                                               .openCommand = open_,
+                                                               .files = *platform_.files,
                                                                .settings = settings_,
                                                                .arrays = arrays_,
                                                                .closed = [this] { End(); }});

@@ -2,10 +2,12 @@
 
 #include "app/ApplicationState.h"
 #include "app/FrmMenu.h"
+#include "app/PortWatch.h"
 #include "app/QtEventPump.h"
 #include "app/QtPrompts.h"
 #include "app/QtTickTimer.h"
 #include "app/Texts.h"
+#include "files/OpenCommand.h"
 #include "files/ProgramFiles.h"
 #include "files/SaveCommand.h"
 #include "files/SettingsFile.h"
@@ -47,6 +49,7 @@ private:
     QtTickTimer timer1_;
     QtTickTimer timer2_;
     QtTickTimer timer3_;
+    QtTickTimer timer4_;
     QtTickTimer statusTimer_;
     QtTickTimer interruptTimer_;
     QtPrompts prompts_;
@@ -54,6 +57,8 @@ private:
     PortLink link_;
     SettingsFile settings_;
     SaveCommand save_;
+    OpenCommand open_;
+    PortWatch port_;
     ProgramFiles files_;
     std::unique_ptr<FrmMenu> window_;
 };

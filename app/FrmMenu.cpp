@@ -2,6 +2,8 @@
 
 #include "app/CommandRules.h"
 #include "app/LanguageOffset.h"
+#include "app/MainCaptions.h"
+#include "app/ProgramIcon.h"
 #include "app/QtText.h"
 #include "app/ui_FrmMenu.h"
 #include "resources/OwnTexts.h"
@@ -10,50 +12,19 @@
 #include <QCloseEvent>
 #include <utility>
 
-// The pictures lie in a static library and have to be asked for; the macro works outside a namespace only.
-static void LoadPictures()
-{
-    Q_INIT_RESOURCE(pictures);
-}
-
 namespace quorvane {
 namespace {
 
 constexpr int kTitleText = 101;
-constexpr int kStartCaption = 223;
-constexpr int kEndCaption = 225;
-constexpr int kUnsavedText = 228;
 constexpr std::chrono::milliseconds kStatusPace{250};
-constexpr std::chrono::milliseconds kPressesApart{500};
 
 } // namespace
-
-/// One command of the operator from beginning to end. A close that comes meanwhile, while a run goes on or a
-/// question is on the screen, is put off until the command is over.
-class FrmMenu::Command {
-public:
-    explicit Command(FrmMenu& window) : window_(window) { ++window_.commands_; }
-    ~Command()
-    {
-        if (--window_.commands_ > 0)
-            return;
-        if (std::exchange(window_.closeWanted_, false))
-            QMetaObject::invokeMethod(&window_, &QWidget::close, Qt::QueuedConnection);
-        window_.UpdateCommands();
-        window_.UpdateStatus();
-    }
-    Command(const Command&) = delete;
-    Command& operator=(const Command&) = delete;
-
-private:
-    FrmMenu& window_;
-};
 
 FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
     : state_(state),
       parts_(std::move(parts)),
       ui_([this] {
-          LoadPictures();
+          setWindowIcon(ProgramIcon()); // loads the pictures that the form shows
           auto ui = std::make_unique<Ui::FrmMenu>();
           ui->setupUi(this);
           return ui;
@@ -66,15 +37,27 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
               [this](const Message& message) { Ask(message); }),
       readings_({ui_->CountNow, ui_->ConcNow, ui_->TwaNow, ui_->StelNow}),
       status_(*ui_->StatusBar),
+      chart_(*this,
+             {.chart = ui_->TChart1,
+              .spanName = ui_->SpanName,
+              .spans = {ui_->Span1, ui_->Span2, ui_->Span3, ui_->Span4},
+              .command3 = ui_->Command3,
+              .command4 = ui_->Command4,
+              .wholeRun = ui_->MenuWholeRun,
+              .zoom = ui_->MenuZoom},
+             state, parts_.arrays, parts_.run.texts, parts_.locale),
+      output_(*ui_->TChart1, state, parts_.arrays, parts_.run.texts, parts_.locale, parts_.run.clock,
+              parts_.run.prompts, this),
+      keeper_(*this, parts_.timer4),
       run_(
           state, parts_.arrays, parts_.run, [this] { Save(); }, *this)
 {
-    QIcon icon;
-    for (const char* size : {"16", "32", "48", "256"})
-        icon.addFile(QStringLiteral(":/pictures/quorvane-%1.png").arg(QLatin1String(size)));
-    setWindowIcon(icon);
     ui_->vaSpread1->setModel(table_);
     ui_->Command2->setIcon(ui_->MenuAlarmReset->icon());
+    ui_->Command3->setIcon(ui_->MenuWholeRun->icon());
+    ui_->Command4->setIcon(ui_->MenuZoom->icon());
+    ui_->Splitter->setStretchFactor(0, 1); // the chart takes the room that a larger window gives
+    setAcceptDrops(true);
     SetFonts();
     SetShortcuts();
     Connect();
@@ -97,6 +80,11 @@ void FrmMenu::Load()
     SetCaptions();
     table_->SetDecimalSign(parts_.locale.DecimalSign());
     limits_.Fill();
+    ui_->vaSpread1->FitColumns();
+    layout_.emplace(parts_.files, state_.AppPath,
+                    WindowLayout::Controls{*this, *ui_->Splitter, *ui_->vaSpread1->horizontalHeader()});
+    chart_.SelectSpan(layout_->Restore());
+    chart_.PrepareRun();
     ShowMode();
     UpdateCommands();
     UpdateStatus();
@@ -109,17 +97,6 @@ void FrmMenu::Load()
 void FrmMenu::Announce(const std::string& text)
 {
     status_.Announce(Shown(text));
-}
-
-void FrmMenu::Connect()
-{
-    connect(ui_->Command1, &QPushButton::clicked, this, [this] { Command1Click(); });
-    connect(ui_->MenuMeasureStart, &QAction::triggered, this, [this] { Command1Click(); });
-    connect(ui_->MenuMeasureEnd, &QAction::triggered, this, [this] { Command1Click(); });
-    connect(ui_->Command2, &QPushButton::clicked, this, [this] { run_.ResetAlarms(); });
-    connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
-    connect(ui_->MenuSave, &QAction::triggered, this, [this] { MenuSave(); });
-    connect(ui_->MenuExit, &QAction::triggered, this, [this] { Exit(); });
 }
 
 /// What is read from a distance is large; what must not be overlooked is loud, whatever the desktop's
@@ -140,40 +117,38 @@ void FrmMenu::SetFonts()
 
 void FrmMenu::SetShortcuts()
 {
+    ui_->MenuOpen->setShortcut(QKeySequence::Open);
     ui_->MenuSave->setShortcut(QKeySequence::Save);
+    ui_->MenuPrint->setShortcut(QKeySequence::Print);
+    ui_->MenuCopyChart->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    ui_->MenuZoom->setShortcut(QKeySequence(Qt::Key_F6));
+    ui_->MenuWholeRun->setShortcut(QKeySequence(Qt::Key_F7));
     ui_->MenuExit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     ui_->MenuMeasureStart->setShortcut(QKeySequence(Qt::Key_F5));
     ui_->MenuMeasureEnd->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F5));
     ui_->MenuAlarmReset->setShortcut(QKeySequence(Qt::Key_F8));
 }
 
+/// The caption routine: at the start, and after the graph settings, which change what the chart says.
 void FrmMenu::SetCaptions()
 {
     const auto text = [this](int id) { return Shown(parts_.run.texts[id]); };
-    setWindowTitle(text(kTitleText) + QStringLiteral("[*]"));
-    ui_->MenuFile->setTitle(text(kFileMenuText));
-    ui_->MenuMeasure->setTitle(text(kMeasureMenuText));
-    ui_->MenuSave->setText(text(kSaveCommandText));
-    ui_->MenuExit->setText(text(kExitCommandText));
-    ui_->MenuMeasureStart->setText(text(kStartCaption));
-    ui_->MenuMeasureEnd->setText(text(kEndCaption));
-    ui_->MenuAlarmReset->setText(text(kAlarmResetText));
-    ui_->Command1->setToolTip(text(kStartTipText));
-    ui_->Command2->setText(text(kAlarmResetText));
-    ui_->Command2->setToolTip(text(kAlarmResetTipText));
-    ui_->SimulatedNotice->setText(text(kSimulatedNoticeText));
-    ui_->CountName->setText(text(kCountMeaningText));
-    ui_->vaSpread1->setAccessibleName(text(kTableText));
-    ui_->vaSpread1->SetCopyText(text(kCopyCommandText));
-
-    ui_->CountNow->setAccessibleName(text(kCountMeaningText));
+    SetMainCaptions(*ui_, parts_.run.texts);
+    ShowTitle();
     exposure_.SetCaptions(parts_.run.texts);
-
+    chart_.SetCaptions();
     QStringList headings;
     for (const int id : {kTimeColumnText, kCountColumnText, kConcColumnText, kTwaColumnText, kStelColumnText,
                          kIntegratedCountColumnText, kIntegratedConcColumnText})
         headings << UnitBelow(text(id));
     table_->SetHeadings(headings);
+}
+
+/// The window is named after the file that its readings come from.
+void FrmMenu::ShowTitle()
+{
+    const QString program = Shown(parts_.run.texts[kTitleText]);
+    setWindowTitle(openedName_.isEmpty() ? program + u"[*]"_qs : openedName_ + u"[*] - "_qs + program);
 }
 
 void FrmMenu::ShowMode()
@@ -193,7 +168,16 @@ void FrmMenu::UpdateCommands()
     ui_->Command1->setIcon(enabled.measureEnd ? ui_->MenuMeasureEnd->icon() : ui_->MenuMeasureStart->icon());
     ui_->MenuMeasureStart->setEnabled(enabled.measureStart);
     ui_->MenuMeasureEnd->setEnabled(enabled.measureEnd);
-    ui_->MenuSave->setEnabled(enabled.save);
+    for (QAction* action : {ui_->MenuOpen, ui_->ToolOpen})
+        action->setEnabled(enabled.open);
+    for (QAction* action : {ui_->MenuSave, ui_->ToolSave})
+        action->setEnabled(enabled.save);
+    for (QAction* action :
+         {ui_->MenuPrint, ui_->ToolPrint, ui_->MenuPreview, ui_->MenuSaveImage, ui_->MenuCopyChart})
+        action->setEnabled(enabled.picture);
+    for (QAction* action : {ui_->MenuMeasureSetting, ui_->MenuGraphSetting})
+        action->setEnabled(enabled.settings);
+    chart_.SetEnabled(enabled.command3, enabled.command4);
     limits_.SetEnabled(enabled.limitInputs);
     if (enabled.command1 && std::exchange(button1HadFocus_, false))
         ui_->Command1->setFocus(); // it was disabled for a moment, and the focus went on
@@ -202,111 +186,14 @@ void FrmMenu::UpdateCommands()
 
 void FrmMenu::UpdateStatus()
 {
-    RunStatusText text = StatusText(state_, run_.State(), run_.Status(), parts_.run.texts);
+    const bool portThere = parts_.port.Update(state_);
+    RunStatusText text = StatusText(state_, run_.State(), run_.Status(), parts_.run.texts, portThere);
+    if (!openedName_.isEmpty())
+        text.sample = FilledIn(parts_.run.texts[kReadingsText], std::to_string(state_.SampleCount));
     if (closeWanted_)
         text.state = parts_.run.texts[kClosingText];
     status_.Show(text);
     readings_.SetStale(text.stale);
-}
-
-// ---- commands -------------------------------------------------------------------------------------------
-
-/// Presses in quick succession are one, be it a double click or a key held down: the second would stop what
-/// the first has started, or give the stop exchange up.
-bool FrmMenu::IsPressOfItsOwn()
-{
-    const auto now = parts_.run.clock.SteadyNow();
-    const bool own = !lastPress_ || now - *lastPress_ >= kPressesApart;
-    lastPress_ = now;
-    return own;
-}
-
-void FrmMenu::Command1Click()
-{
-    if (!IsPressOfItsOwn())
-        return;
-    if (run_.Command1CaptionId() == kEndCaption) {
-        run_.Stop();
-        return;
-    }
-    if (Busy() || !limits_.Validate())
-        return;
-    // The run serves events until it ends; it must not do so inside the menu's or the button's own handler.
-    QMetaObject::invokeMethod(
-        this, [this] { StartMeasurement(); }, Qt::QueuedConnection);
-}
-
-void FrmMenu::StartMeasurement()
-{
-    if (Busy() || !isVisible()) // it was queued, and the window may have closed since
-        return;
-    const Command command(*this);
-    if (run_.Start() == RunResult::LimitsDisorder)
-        ui_->Text1->setFocus();
-}
-
-void FrmMenu::MenuSave()
-{
-    if (Busy())
-        return;
-    const Command command(*this);
-    Save();
-}
-
-SaveResult FrmMenu::Save()
-{
-    const SaveResult result = parts_.saveCommand.SaveMeasurement();
-    UpdateCommands();
-    return result;
-}
-
-/// The settings are written before the window asks its question, and once more when it closes.
-void FrmMenu::Exit()
-{
-    parts_.settings.SaveSettings();
-    close();
-}
-
-void FrmMenu::closeEvent(QCloseEvent* event)
-{
-    if (Busy()) {
-        PutCloseOff();
-        event->ignore();
-        return;
-    }
-    const Command command(*this);
-    const bool mayClose = MayClose();
-    event->setAccepted(mayClose);
-    if (!mayClose)
-        return;
-    parts_.settings.SaveSettings();
-    parts_.closed();
-}
-
-/// A run stops as by the stop button, with its stop exchange; the close comes back when it has ended.
-void FrmMenu::PutCloseOff()
-{
-    closeWanted_ = true;
-    UpdateStatus();
-    if (run_.State() == RunState::Starting || run_.State() == RunState::Measuring)
-        run_.Stop(); // not in its stop exchange: that would give it up
-}
-
-/// Readings that are to be saved and are not keep the window open.
-bool FrmMenu::MayClose()
-{
-    if (state_.DataPresent != 1 || state_.DataSaved != 0)
-        return true;
-    const Answer answer =
-        Ask({.text = parts_.run.texts[kUnsavedText], .icon = Icon::Critical, .buttons = Buttons::YesNo});
-    return answer == Answer::No || Save() == SaveResult::Saved;
-}
-
-/// A message is a command, too: the window does not close behind it.
-Answer FrmMenu::Ask(const Message& message)
-{
-    const Command command(*this);
-    return parts_.run.prompts.Show(message);
 }
 
 // ---- what the run tells ---------------------------------------------------------------------------------
@@ -324,15 +211,19 @@ void FrmMenu::RunPrepared()
     table_->Reset(0);
     table_->SetDecimalSign(parts_.locale.DecimalSign());
     ShowReading(0);
+    chart_.PrepareRun();
 }
 
 void FrmMenu::ReadingsCleared()
 {
     table_->Reset(0);
+    openedName_.clear();
+    ShowTitle();
 }
 
 void FrmMenu::SampleAdded(int sample)
 {
+    chart_.AddReading();
     table_->Add(sample);
     ui_->vaSpread1->ShowNewest();
     ShowReading(sample);
@@ -358,7 +249,8 @@ void FrmMenu::RunEnded(RunResult result)
         return;
     table_->Reset(state_.SampleCount); // a run that could not start takes nothing away
     ui_->vaSpread1->ShowNewest();
-    ShowReading(state_.SampleCount);
+    ShowReading(openedName_.isEmpty() ? state_.SampleCount : 0);
+    chart_.Rebuild();
 }
 
 } // namespace quorvane

@@ -1,14 +1,21 @@
 #pragma once
 
+#include "app/PortWatch.h"
 #include "app/StatusLine.h"
+#include "app/WindowKeeper.h"
+#include "app/WindowLayout.h"
+#include "files/OpenCommand.h"
 #include "files/SaveCommand.h"
 #include "files/SettingsFile.h"
+#include "graph/ChartOutput.h"
+#include "graph/ChartPane.h"
 #include "measure/ExposureRows.h"
 #include "measure/LimitInputs.h"
 #include "measure/LiveTableModel.h"
 #include "measure/MeasurementRun.h"
 #include "measure/ReadingPanel.h"
 
+#include <QDialog>
 #include <QMainWindow>
 #include <functional>
 #include <memory>
@@ -26,9 +33,13 @@ class FrmMenu final : public QMainWindow, private RunObserver {
 public:
     struct Parts {
         RunServices run;
+        TickTimer& timer4;      ///< keeps windows in front
         TickTimer& statusTimer; ///< brings the status bar up to date
+        PortWatch& port;
         const LocaleItems& locale;
         SaveCommand& saveCommand;
+        OpenCommand& openCommand;
+        FileStore& files; ///< for what the window remembers of its looks
         SettingsFile& settings;
         MeasurementArrays& arrays;
         std::function<void()> closed; ///< the window has closed, and the program is to end
@@ -45,14 +56,19 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     class Command;
+    /// What became of unsaved readings.
+    enum class Unsaved { None, Saved, Discarded, Kept };
 
     void Connect();
-    void SetCaptions();
     void SetFonts();
     void SetShortcuts();
+    void SetCaptions();
+    void ShowTitle();
     void ShowMode();
     void UpdateCommands();
     void UpdateStatus();
@@ -61,11 +77,20 @@ private:
     [[nodiscard]] bool IsPressOfItsOwn();
     void Command1Click();
     void StartMeasurement();
+    void ToolbarClick(const QString& key);
+    void MenuOpen();
+    void Open(const QString& path);
+    void ShowOpened(const std::string& path);
     void MenuSave();
     SaveResult Save();
+    void MenuMeasureSetting();
+    void MenuGraphSetting();
+    void MenuVersion();
+    void ShowDialog(QDialog* dialog);
+    void Picture(void (ChartOutput::*action)());
+    [[nodiscard]] Unsaved AskAboutUnsavedData();
     void Exit();
     void PutCloseOff();
-    [[nodiscard]] bool MayClose();
     Answer Ask(const Message& message);
     [[nodiscard]] bool Busy() const { return commands_ > 0; }
 
@@ -84,7 +109,12 @@ private:
     LimitInputs limits_;
     ReadingPanel readings_;
     StatusLine status_;
+    ChartPane chart_;
+    ChartOutput output_;
+    WindowKeeper keeper_;
+    std::optional<WindowLayout> layout_; ///< once the settings are read
     MeasurementRun run_;
+    QString openedName_;       ///< of the file that the readings come from; empty for a run's
     int commands_ = 0;         ///< being carried out, perhaps with a question on the screen
     bool closeWanted_ = false; ///< the window was to be closed meanwhile
     bool button1HadFocus_ = false;

@@ -47,7 +47,7 @@ OpenResult OpenCommand::OpenPath(const std::string& path, const Replaced& replac
     state_.SampleCount = contents.count;
     state_.DataPresent = 1;
     state_.DataSaved = 1;
-    replaced();
+    replaced(path);
     if (problem == DatingProblem::None)
         return OpenResult::Opened;
     Tell(world_.texts[problem == DatingProblem::Date ? kBadDateText : kBadTimeText], Icon::Exclamation);

@@ -36,9 +36,9 @@ struct OpenSurroundings {
 /// before. `DataPresent` and `DataSaved` are 1 then, `TotalSamples` stays.
 class OpenCommand {
 public:
-    /// Called when the readings have been replaced, before anything else is said or served: who shows the
-    /// arrays has to look at them anew.
-    using Replaced = std::function<void()>;
+    /// Called when the readings have been replaced by those of the file at `path`, before anything else is
+    /// said or served: who shows the arrays has to look at them anew.
+    using Replaced = std::function<void(const std::string& path)>;
 
     OpenCommand(ApplicationState& state, MeasurementArrays& arrays, OpenSurroundings surroundings)
         : state_(state), arrays_(arrays), world_(surroundings)

@@ -31,7 +31,6 @@ LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(th
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
 
     copy_->setShortcut(QKeySequence::Copy);
@@ -44,6 +43,13 @@ LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(th
 void LiveTable::SetCopyText(const QString& text)
 {
     copy_->setText(text);
+}
+
+void LiveTable::FitColumns()
+{
+    const int value = fontMetrics().horizontalAdvance(QStringLiteral(" 00000.0000 "));
+    for (int column = 0; column < model()->columnCount(); ++column)
+        setColumnWidth(column, std::max(value, horizontalHeader()->sectionSizeHint(column)));
 }
 
 void LiveTable::ShowNewest()

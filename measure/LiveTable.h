@@ -12,6 +12,8 @@ public:
     explicit LiveTable(QWidget* parent = nullptr);
 
     void SetCopyText(const QString& text);
+    /// Makes the columns wide enough for their headings and usual values.
+    void FitColumns();
     /// With more than six rows, makes the sixth from the end the top one: six rows are in sight, and the
     /// newest always stands at the same place, with room below it in a tall window.
     void ShowNewest();

@@ -75,6 +75,9 @@ public:
     /// before the first reading.
     void ResetAlarms();
 
+    /// Puts the lamps out, for readings that are not of a run.
+    void ClearLamps() { lamps_.Clear(); }
+
     [[nodiscard]] RunState State() const { return runState_; }
     [[nodiscard]] const LampsLit& Lamps() const { return lamps_.Lit(); }
     [[nodiscard]] RunStatus Status();

@@ -148,7 +148,37 @@ enum OwnText : int {
     kNoDataText = 1223,
     kPortNotConnectedText = 1224, ///< %1: the port's name
 
-    // The main window: toolbar, further menus. (1241)
+    // The main window: toolbar, further menus, the controls around the chart.
+    kToolMenuText = 1241,
+    kHelpMenuText = 1242,
+    kChartMenuText = 1243,
+    kOpenCommandText = 1244,
+    kPrintCommandText = 1245,
+    kPreviewCommandText = 1246,
+    kSaveImageCommandText = 1247,
+    kCopyChartCommandText = 1248,
+    kMeasureSettingCommandText = 1249,
+    kGraphSettingCommandText = 1250,
+    kVersionCommandText = 1251,
+    kToolOpenText = 1252,
+    kToolOpenTipText = 1253,
+    kToolSaveText = 1254,
+    kToolSaveTipText = 1255,
+    kToolPrintText = 1256,
+    kToolPrintTipText = 1257,
+    kToolHelpText = 1258,
+    kToolHelpTipText = 1259,
+    kToolbarText = 1260,
+    kSpanText = 1261,
+    kSpan1Text = 1262,
+    kSpan2Text = 1263,
+    kSpan3Text = 1264,
+    kSpan4Text = 1265,
+    kSpanTipText = 1266,
+    kWholeRunText = 1267,
+    kWholeRunTipText = 1268,
+    kZoomTipText = 1269,
+    kReadingsText = 1270, ///< %1: a number of readings
 };
 
 } // namespace quorvane

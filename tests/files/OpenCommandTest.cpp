@@ -38,7 +38,7 @@ protected:
     OpenResult Open(const std::string& path)
     {
         shown = 0;
-        return command.OpenPath(path, [this] {
+        return command.OpenPath(path, [this](const std::string&) {
             ++shown;
             toldBefore = prompts.messages.size();
         });
@@ -62,8 +62,8 @@ protected:
 TEST_F(OpenCommandTest, AsksForACsvFileAndPutsItsReadingsInPlace)
 {
     prompts.openNames = {std::nullopt, "short"};
-    EXPECT_EQ(command.OpenDataFile([] { FAIL(); }), OpenResult::Cancelled);
-    EXPECT_EQ(command.OpenDataFile([&] { shown = state.SampleCount; }), OpenResult::Opened);
+    EXPECT_EQ(command.OpenDataFile([](const std::string&) { FAIL(); }), OpenResult::Cancelled);
+    EXPECT_EQ(command.OpenDataFile([&](const std::string&) { shown = state.SampleCount; }), OpenResult::Opened);
 
     EXPECT_EQ(prompts.openQuestions[0].filter, "All Files (*.*)|*.*|CSV FILE (*.csv)|*.CSV|");
     EXPECT_EQ(prompts.openQuestions[0].filterIndex, 2);

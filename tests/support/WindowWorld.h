@@ -2,6 +2,7 @@
 
 #include "app/FrmMenu.h"
 #include "measure/LiveTable.h"
+#include "tests/support/FakeDeviceWatch.h"
 #include "tests/support/InstrumentWorld.h"
 
 #include <QAction>
@@ -39,9 +40,13 @@ struct WindowWorld : InstrumentWorld {
     {
         settings.SaveSettings();
         window = std::make_unique<FrmMenu>(state, FrmMenu::Parts{.run = Services([] { return 0.5; }),
+                                                                 .timer4 = timer4,
                                                                  .statusTimer = statusTimer,
+                                                                 .port = portWatch,
                                                                  .locale = locale,
                                                                  .saveCommand = save,
+                                                                 .openCommand = open,
+                                                                 .files = files,
                                                                  .settings = settings,
                                                                  .arrays = arrays,
                                                                  .closed = [this] { ++closed; }});
@@ -116,9 +121,13 @@ struct WindowWorld : InstrumentWorld {
 
     std::function<void(long)> onPump;
     int closed = 0;
+    WorldTimer timer4{world};
     WorldTimer statusTimer{world};
     SettingsFile settings{state, files, codePage, world, locale, {0, 1, 0}};
     SaveCommand save{state, arrays, {files, codePage, locale, world, prompts, texts, {0, 1, 0}}};
+    FakeDeviceWatch devices;
+    PortWatch portWatch{devices, names};
+    OpenCommand open{state, arrays, {files, codePage, locale, world, prompts, texts}};
     std::unique_ptr<FrmMenu> window;
 };
 

@@ -1,0 +1,303 @@
+#include "app/FrmHelp.h"
+#include "app/FrmMenu.h"
+#include "app/ModalDialog.h"
+#include "app/QtText.h"
+#include "app/ui_FrmMenu.h"
+#include "graph/FrmGraphSetting.h"
+#include "measure/FrmMeasureSetting.h"
+#include "resources/OwnTexts.h"
+
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+#include <utility>
+
+namespace quorvane {
+namespace {
+
+constexpr int kEndCaption = 225;
+constexpr int kUnsavedText = 228;
+constexpr std::chrono::milliseconds kPressesApart{500};
+
+/// The one file that is dragged over the window; empty for anything else.
+QString DraggedFile(const QMimeData& data)
+{
+    const QList<QUrl> places = data.urls();
+    return places.size() == 1 ? places.first().toLocalFile() : QString();
+}
+
+} // namespace
+
+/// One command of the operator from beginning to end. A close that comes meanwhile, while a run goes on or a
+/// question is on the screen, is put off until the command is over.
+class FrmMenu::Command {
+public:
+    explicit Command(FrmMenu& window) : window_(window) { ++window_.commands_; }
+    ~Command()
+    {
+        if (--window_.commands_ > 0)
+            return;
+        if (std::exchange(window_.closeWanted_, false))
+            QMetaObject::invokeMethod(&window_, &QWidget::close, Qt::QueuedConnection);
+        window_.UpdateCommands();
+        window_.UpdateStatus();
+    }
+    Command(const Command&) = delete;
+    Command& operator=(const Command&) = delete;
+
+private:
+    FrmMenu& window_;
+};
+
+void FrmMenu::Connect()
+{
+    const std::pair<QAction*, void (FrmMenu::*)()> commands[] = {
+        {ui_->MenuOpen, &FrmMenu::MenuOpen},
+        {ui_->MenuSave, &FrmMenu::MenuSave},
+        {ui_->MenuExit, &FrmMenu::Exit},
+        {ui_->MenuMeasureStart, &FrmMenu::Command1Click}, // either acts by the button's caption
+        {ui_->MenuMeasureEnd, &FrmMenu::Command1Click},
+        {ui_->MenuMeasureSetting, &FrmMenu::MenuMeasureSetting},
+        {ui_->MenuGraphSetting, &FrmMenu::MenuGraphSetting},
+        {ui_->MenuVersion, &FrmMenu::MenuVersion},
+    };
+    for (const auto& [action, command] : commands)
+        connect(action, &QAction::triggered, this, command);
+    const std::pair<QAction*, void (ChartOutput::*)()> pictures[] = {
+        {ui_->MenuPrint, &ChartOutput::Print},
+        {ui_->MenuPreview, &ChartOutput::Preview},
+        {ui_->MenuSaveImage, &ChartOutput::SaveImage},
+        {ui_->MenuCopyChart, &ChartOutput::Copy},
+    };
+    for (const auto& [action, picture] : pictures)
+        connect(action, &QAction::triggered, this, [this, made = picture] { Picture(made); });
+    connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
+    connect(ui_->Command1, &QPushButton::clicked, this, &FrmMenu::Command1Click);
+    connect(ui_->Command2, &QPushButton::clicked, this, [this] { run_.ResetAlarms(); });
+
+    const std::pair<QAction*, const char*> keys[] = {
+        {ui_->ToolOpen, "Open"}, {ui_->ToolSave, "Save"}, {ui_->ToolPrint, "Print"}, {ui_->ToolHelp, "Help"}};
+    for (const auto& [button, key] : keys)
+        button->setData(QString::fromLatin1(key));
+    connect(ui_->Toolbar1, &QToolBar::actionTriggered, this,
+            [this](const QAction* button) { ToolbarClick(button->data().toString()); });
+}
+
+// ---- commands -------------------------------------------------------------------------------------------
+
+/// Presses in quick succession are one, be it a double click or a key held down: the second would stop what
+/// the first has started, or give the stop exchange up.
+bool FrmMenu::IsPressOfItsOwn()
+{
+    const auto now = parts_.run.clock.SteadyNow();
+    const bool own = !lastPress_ || now - *lastPress_ >= kPressesApart;
+    lastPress_ = now;
+    return own;
+}
+
+void FrmMenu::Command1Click()
+{
+    if (!IsPressOfItsOwn())
+        return;
+    if (run_.Command1CaptionId() == kEndCaption) {
+        run_.Stop();
+        return;
+    }
+    if (Busy() || !limits_.Validate())
+        return;
+    // The run serves events until it ends; it must not do so inside the menu's or the button's own handler.
+    QMetaObject::invokeMethod(
+        this, [this] { StartMeasurement(); }, Qt::QueuedConnection);
+}
+
+void FrmMenu::StartMeasurement()
+{
+    if (Busy() || !isVisible()) // it was queued, and the window may have closed since
+        return;
+    const Command command(*this);
+    if (run_.Start() == RunResult::LimitsDisorder)
+        ui_->Text1->setFocus();
+}
+
+/// The toolbar's buttons are told apart by their keys; one with another key does nothing.
+void FrmMenu::ToolbarClick(const QString& key)
+{
+    const std::pair<QLatin1String, QAction*> commands[] = {
+        {QLatin1String("Open"), ui_->MenuOpen},
+        {QLatin1String("Save"), ui_->MenuSave},
+        {QLatin1String("Print"), ui_->MenuPrint},
+        {QLatin1String("Help"), ui_->MenuVersion},
+    };
+    for (const auto& [name, command] : commands)
+        if (key == name)
+            command->trigger();
+}
+
+// ---- files ----------------------------------------------------------------------------------------------
+
+void FrmMenu::MenuOpen()
+{
+    if (Busy())
+        return;
+    const Command command(*this);
+    if (AskAboutUnsavedData() != Unsaved::Kept)
+        parts_.openCommand.OpenDataFile([this](const std::string& from) { ShowOpened(from); });
+}
+
+void FrmMenu::Open(const QString& path)
+{
+    if (Busy())
+        return;
+    const Command command(*this);
+    if (AskAboutUnsavedData() != Unsaved::Kept)
+        parts_.openCommand.OpenPath(Typed(path), [this](const std::string& from) { ShowOpened(from); });
+}
+
+/// The lamps and the large figures tell of a measurement, and this is none.
+void FrmMenu::ShowOpened(const std::string& path)
+{
+    run_.ClearLamps();
+    openedName_ = QFileInfo(Shown(path)).fileName();
+    ShowTitle();
+    table_->SetDecimalSign(parts_.locale.DecimalSign());
+    table_->Reset(state_.SampleCount);
+    ui_->vaSpread1->scrollToTop();
+    ShowReading(0);
+    chart_.ShowData();
+}
+
+void FrmMenu::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (ui_->MenuOpen->isEnabled() && !DraggedFile(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+/// Whoever dragged the file waits until this returns, so no question is asked in here.
+void FrmMenu::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, path = DraggedFile(*event->mimeData())] { Open(path); }, Qt::QueuedConnection);
+}
+
+void FrmMenu::MenuSave()
+{
+    if (Busy())
+        return;
+    const Command command(*this);
+    Save();
+}
+
+SaveResult FrmMenu::Save()
+{
+    const SaveResult result = parts_.saveCommand.SaveMeasurement();
+    UpdateCommands();
+    return result;
+}
+
+// ---- the chart's picture --------------------------------------------------------------------------------
+
+/// Changes nothing, and is there while a run goes on.
+void FrmMenu::Picture(void (ChartOutput::*action)())
+{
+    const Command command(*this);
+    (output_.*action)();
+}
+
+// ---- dialogs --------------------------------------------------------------------------------------------
+
+/// The main window cannot be used until the dialog is closed.
+void FrmMenu::ShowDialog(QDialog* dialog)
+{
+    keeper_.Watch(*dialog);
+    if (RunModally(dialog))
+        delete dialog;
+}
+
+void FrmMenu::MenuMeasureSetting()
+{
+    if (Busy())
+        return;
+    const Command command(*this);
+    ShowDialog(new FrmMeasureSetting(
+        state_, parts_.run.texts, parts_.locale, [this](const Message& message) { Ask(message); }, this));
+}
+
+/// The chart is made anew for the view that was chosen, hence the question about unsaved readings; they stay
+/// whatever is answered.
+void FrmMenu::MenuGraphSetting()
+{
+    if (Busy())
+        return;
+    const Command command(*this);
+    static_cast<void>(AskAboutUnsavedData());
+    const ChartView before = ViewOf(state_);
+    ShowDialog(new FrmGraphSetting(
+        state_, parts_.run.texts, [this](const Message& message) { Ask(message); }, this));
+    SetCaptions();
+    chart_.FlagsEdited(before);
+}
+
+void FrmMenu::MenuVersion()
+{
+    const Command command(*this);
+    ShowDialog(new FrmHelp(state_, parts_.run.texts, this));
+}
+
+// ---- the end --------------------------------------------------------------------------------------------
+
+/// The settings are written before the window asks its question, and once more when it closes.
+void FrmMenu::Exit()
+{
+    parts_.settings.SaveSettings();
+    close();
+}
+
+void FrmMenu::closeEvent(QCloseEvent* event)
+{
+    if (Busy()) {
+        PutCloseOff();
+        event->ignore();
+        return;
+    }
+    const Command command(*this);
+    const bool mayClose = AskAboutUnsavedData() != Unsaved::Kept; // what is to be saved and is not
+    event->setAccepted(mayClose);
+    if (!mayClose)
+        return;
+    parts_.settings.SaveSettings();
+    layout_->Keep(chart_.Span());
+    parts_.closed();
+}
+
+/// A run stops as by the stop button, with its stop exchange; the close comes back when it has ended.
+void FrmMenu::PutCloseOff()
+{
+    closeWanted_ = true;
+    UpdateStatus();
+    if (run_.State() == RunState::Starting || run_.State() == RunState::Measuring)
+        run_.Stop(); // not in its stop exchange: that would give it up
+}
+
+/// Asked before a window closes, a file is opened, or the graph settings come up; a run asks by itself.
+FrmMenu::Unsaved FrmMenu::AskAboutUnsavedData()
+{
+    if (state_.DataPresent != 1 || state_.DataSaved != 0)
+        return Unsaved::None;
+    const Answer answer =
+        Ask({.text = parts_.run.texts[kUnsavedText], .icon = Icon::Critical, .buttons = Buttons::YesNo});
+    if (answer == Answer::No)
+        return Unsaved::Discarded;
+    return Save() == SaveResult::Saved ? Unsaved::Saved : Unsaved::Kept;
+}
+
+/// A message is a command, too: the window does not close behind it.
+Answer FrmMenu::Ask(const Message& message)
+{
+    const Command command(*this);
+    return parts_.run.prompts.Show(message);
+}
+
+} // namespace quorvane

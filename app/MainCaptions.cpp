@@ -1,0 +1,74 @@
+#include "app/MainCaptions.h"
+
+#include "app/QtText.h"
+#include "app/ui_FrmMenu.h"
+#include "resources/OwnTexts.h"
+
+namespace quorvane {
+namespace {
+
+constexpr int kStartCaption = 223;
+constexpr int kEndCaption = 225;
+
+void SetMenus(Ui::FrmMenu& ui, const Texts& texts)
+{
+    const std::pair<QMenu*, int> menus[] = {
+        {ui.MenuFile, kFileMenuText}, {ui.MenuMeasure, kMeasureMenuText}, {ui.MenuChart, kChartMenuText},
+        {ui.MenuTool, kToolMenuText}, {ui.MenuHelp, kHelpMenuText},
+    };
+    for (const auto& [menu, id] : menus)
+        menu->setTitle(Shown(texts[id]));
+    const std::pair<QAction*, int> commands[] = {
+        {ui.MenuOpen, kOpenCommandText},
+        {ui.MenuSave, kSaveCommandText},
+        {ui.MenuSaveImage, kSaveImageCommandText},
+        {ui.MenuPreview, kPreviewCommandText},
+        {ui.MenuPrint, kPrintCommandText},
+        {ui.MenuExit, kExitCommandText},
+        {ui.MenuMeasureStart, kStartCaption},
+        {ui.MenuMeasureEnd, kEndCaption},
+        {ui.MenuAlarmReset, kAlarmResetText},
+        {ui.MenuWholeRun, kWholeRunText},
+        {ui.MenuCopyChart, kCopyChartCommandText},
+        {ui.MenuMeasureSetting, kMeasureSettingCommandText},
+        {ui.MenuGraphSetting, kGraphSettingCommandText},
+        {ui.MenuVersion, kVersionCommandText},
+    };
+    for (const auto& [command, id] : commands)
+        command->setText(Shown(texts[id]));
+}
+
+void SetToolbar(Ui::FrmMenu& ui, const Texts& texts)
+{
+    ui.Toolbar1->setWindowTitle(Shown(texts[kToolbarText]));
+    struct Key {
+        QAction* action;
+        int text, tip;
+    };
+    for (const Key& key : {Key{ui.ToolOpen, kToolOpenText, kToolOpenTipText},
+                           Key{ui.ToolSave, kToolSaveText, kToolSaveTipText},
+                           Key{ui.ToolPrint, kToolPrintText, kToolPrintTipText},
+                           Key{ui.ToolHelp, kToolHelpText, kToolHelpTipText}}) {
+        key.action->setText(Shown(texts[key.text]));
+        key.action->setToolTip(Shown(texts[key.tip]));
+    }
+}
+
+} // namespace
+
+void SetMainCaptions(Ui::FrmMenu& ui, const Texts& texts)
+{
+    SetMenus(ui, texts);
+    SetToolbar(ui, texts);
+    const auto text = [&](int id) { return Shown(texts[id]); };
+    ui.Command1->setToolTip(text(kStartTipText));
+    ui.Command2->setText(text(kAlarmResetText));
+    ui.Command2->setToolTip(text(kAlarmResetTipText));
+    ui.SimulatedNotice->setText(text(kSimulatedNoticeText));
+    ui.CountName->setText(text(kCountMeaningText));
+    ui.CountNow->setAccessibleName(text(kCountMeaningText));
+    ui.vaSpread1->setAccessibleName(text(kTableText));
+    ui.vaSpread1->SetCopyText(text(kCopyCommandText));
+}
+
+} // namespace quorvane

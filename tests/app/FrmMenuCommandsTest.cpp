@@ -1,0 +1,264 @@
+#include "graph/ChartWidget.h"
+#include "measure/LampView.h"
+#include "tests/support/Operator.h"
+#include "tests/support/WindowWorld.h"
+
+#include <QCheckBox>
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QSplitter>
+#include <QToolBar>
+#include <QToolButton>
+#include <QUrl>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace quorvane {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr const char* kDataFile =
+    "Program Ver.,Quorvane_Ver.0100\r\nDate,2024/05/01\r\nData,2\r\nK Factor,0.0012\r\n"
+    "Time,Relative Concentration([CPM]),Mass Concentration([mg/m3]),"
+    "Relative Concentration(Integrated Value[CPM]),Mass Concentration(Integrated Value[mg/m3])\r\n"
+    "23:59:58,12,0.015,12,0.015\r\n00:00:08,14,0.018,26,0.033\r\n";
+
+struct FrmMenuCommandsTest : testing::Test, WindowWorld {
+    FrmMenuCommandsTest()
+    {
+        state.MassCFlg = true;
+        files.files["old.csv"] = kDataFile;
+    }
+    [[nodiscard]] ChartWidget& Chart() const { return *Find<ChartWidget>("TChart1"); }
+    void ClickTool(const char* action)
+    {
+        QTest::mouseClick(Find<QToolBar>("Toolbar1")->widgetForAction(Find<QAction>(action)), Qt::LeftButton);
+        QApplication::processEvents();
+    }
+};
+
+TEST_F(FrmMenuCommandsTest, ToolbarButtonsAreToldApartByTheirKeys)
+{
+    Open();
+    Measure();
+    ClickTool("ToolSave");
+    EXPECT_EQ(prompts.saveQuestions.size(), 1U);
+    prompts.answers = {Answer::No};
+    ClickTool("ToolOpen");
+    EXPECT_EQ(prompts.openQuestions.size(), 1U);
+    {
+        Operator person({[](QDialog& dialog) { dialog.reject(); }});
+        ClickTool("ToolHelp");
+    }
+    auto* const stranger = Find<QToolBar>("Toolbar1")->addAction(QStringLiteral("save"));
+    stranger->setData(QStringLiteral("save")); // the key is "Save"
+    stranger->trigger();
+    QApplication::processEvents();
+    EXPECT_EQ(prompts.saveQuestions.size(), 1U);
+}
+
+TEST_F(FrmMenuCommandsTest, WhileARunGoesOnOnlyItsPictureAndItsEndCanBeHad)
+{
+    Open();
+    bool checked = false;
+    onPump = [&](long) {
+        if (checked || Rows() < 2)
+            return;
+        checked = true;
+        for (const char* action : {"MenuOpen", "ToolOpen", "MenuSave", "ToolSave", "MenuMeasureSetting",
+                                   "MenuGraphSetting", "MenuZoom", "MenuWholeRun"})
+            EXPECT_FALSE(Enabled(action)) << action;
+        EXPECT_FALSE(Find<QPushButton>("Command3")->isEnabled());
+        EXPECT_FALSE(Find<QPushButton>("Command4")->isEnabled());
+        EXPECT_TRUE(Enabled("MenuPrint") && Enabled("ToolPrint") && Enabled("MenuCopyChart"));
+    };
+    EXPECT_FALSE(Enabled("MenuPrint")); // there is nothing to print yet
+    Measure();
+    EXPECT_TRUE(checked);
+    EXPECT_TRUE(Find<QPushButton>("Command3")->isEnabled());
+    EXPECT_TRUE(Enabled("MenuGraphSetting"));
+}
+
+// ---- chart ----------------------------------------------------------------------------------------------
+
+TEST_F(FrmMenuCommandsTest, TheChartFollowsTheRunAndComesBackWhenTheNextCannotStart)
+{
+    Open();
+    EXPECT_EQ(Chart().LeftMaximum(), 1);
+    Measure();
+    EXPECT_EQ(Chart().LeftMaximum(), 1.2 * 1.25);
+    const ChartTime first = ToChartTime(arrays.Moment[1]);
+    EXPECT_EQ(Chart().BottomMinimum(), first);
+    EXPECT_EQ(Chart().BottomMaximum(), first + 0.0006);
+    state.DataSaved = 1;
+    port.openFault = PortFault{PortFaultKind::Busy, "taken"};
+    prompts.whileOpen = [this] { EXPECT_EQ(Chart().LeftMaximum(), 1); }; // emptied for the run that fails
+    Measure();
+    prompts.whileOpen = nullptr;
+    EXPECT_EQ(Chart().LeftMaximum(), 1.2 * 1.25);
+}
+
+TEST_F(FrmMenuCommandsTest, ZoomChangesCaptionAndPointerAndIsOffWhenARunStarts)
+{
+    Open();
+    Click("Command4");
+    EXPECT_EQ(Find<QPushButton>("Command4")->text(), QStringLiteral("Zoom Off"));
+    EXPECT_EQ(window->cursor().shape(), Qt::BitmapCursor);
+    Press(Qt::Key_F6);
+    EXPECT_EQ(Find<QPushButton>("Command4")->text(), QStringLiteral("Zoom On"));
+    EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
+
+    Trigger("MenuZoom");
+    Measure();
+    EXPECT_EQ(Find<QAction>("MenuZoom")->text(), QStringLiteral("Zoom On"));
+    EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(FrmMenuCommandsTest, SpanAndWholeRunMoveTheTimeAxis)
+{
+    Open();
+    Measure();
+    const ChartTime first = ToChartTime(arrays.Moment[1]);
+    Click("Span3");
+    EXPECT_EQ(Chart().BottomMaximum(), first + 0.04);
+    Press(Qt::Key_2, Qt::ControlModifier);
+    EXPECT_TRUE(Find<QToolButton>("Span2")->isChecked());
+    EXPECT_EQ(Chart().BottomMaximum(), first + 0.007);
+    Click("Command3");
+    EXPECT_EQ(Chart().BottomMinimum(), first);
+    EXPECT_EQ(Chart().BottomMaximum(), ToChartTime(arrays.Moment[3]));
+}
+
+// ---- settings -------------------------------------------------------------------------------------------
+
+TEST_F(FrmMenuCommandsTest, GraphSettingsAskAboutUnsavedReadingsAndRebuildTheChart)
+{
+    Open();
+    Measure();
+    prompts.answers = {Answer::Yes};
+    prompts.saveNames = {"first.csv"};
+    const auto click = [](QDialog& dialog, const char* name) {
+        QTest::mouseClick(dialog.findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton, {}, {8, 8});
+    };
+    Operator person({[&](QDialog& dialog) {
+        EXPECT_TRUE(files.files.contains("first.csv"));
+        click(dialog, "Check3");
+        click(dialog, "Check1");
+        click(dialog, "Command1");
+    }});
+    Trigger("MenuGraphSetting");
+    EXPECT_THAT(Messages(), ElementsAre("Data is not saved. Do you save?"));
+    EXPECT_TRUE(state.RelativeCFlg);
+    EXPECT_FALSE(state.MassCFlg);
+    EXPECT_EQ(Chart().LeftMaximum(), 50); // three readings of 12 CPM
+    EXPECT_EQ(Rows(), 3);
+}
+
+TEST_F(FrmMenuCommandsTest, MeasureSettingsPlanTheNextRun)
+{
+    Open();
+    Operator person({[](QDialog& dialog) {
+        auto* const number = dialog.findChild<QLineEdit*>(QStringLiteral("Text1"));
+        number->selectAll();
+        QTest::keyClicks(number, QStringLiteral("2"));
+        QTest::keyClick(number, Qt::Key_Return);
+    }});
+    Trigger("MenuMeasureSetting");
+    EXPECT_EQ(state.TotalSamples, 2);
+    Measure();
+    EXPECT_EQ(Rows(), 2);
+}
+
+// ---- opening --------------------------------------------------------------------------------------------
+
+TEST_F(FrmMenuCommandsTest, OpenedReadingsFillTableAndChart)
+{
+    state.CAlarm = state.TwaAlarm = state.StelAlarm = 1.25;
+    Open();
+    Measure();
+    EXPECT_TRUE(Find<LampView>("Image3")->IsLit());
+    prompts.answers = {Answer::No};
+    prompts.openNames = {"old.csv"};
+    Trigger("MenuOpen");
+    EXPECT_EQ(Rows(), 2);
+    EXPECT_EQ(Cell(1, 0), "00:00:08");
+    EXPECT_EQ(Cell(1, 2), "0.018");
+    EXPECT_EQ(Cell(1, 3), "");                                                  // the file has no averages
+    EXPECT_NEAR((Chart().BottomMaximum() - Chart().BottomMinimum()) * 86400, 10, 0.001); // across midnight
+    EXPECT_FALSE(Find<LampView>("Image3")->IsLit());
+    EXPECT_EQ(state.TotalSamples, 3);
+    EXPECT_EQ(state.DataPresent, 1);
+    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_THAT(window->windowTitle().toStdString(), testing::StartsWith("old.csv"));
+    EXPECT_EQ(Label("StatusSample"), "2 readings");
+    EXPECT_NE(Label("ConcNow"), "0.018"); // nothing is measured now
+
+    Measure(); // without a question: they are in a file
+    EXPECT_EQ(Rows(), 3);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Quorvane Software[*]"));
+}
+
+TEST_F(FrmMenuCommandsTest, AFileThatCannotBeOpenedOrIsNotWantedTakesNothingAway)
+{
+    Open();
+    Measure();
+    files.files["photo.csv"] = std::string("\x89PNG\r\n\x1a\n\0\0", 10);
+    prompts.answers = {Answer::Yes}; // save first, but then cancelled: nothing is opened
+    Trigger("MenuOpen");
+    EXPECT_TRUE(prompts.openQuestions.empty());
+    prompts.answers = {Answer::No};
+    prompts.openNames = {"photo.csv"};
+    Trigger("MenuOpen");
+    EXPECT_THAT(Messages().back(), testing::StartsWith("Data File can not load."));
+    EXPECT_EQ(Rows(), 3);
+    EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(FrmMenuCommandsTest, AFileCanBeDroppedOnTheWindow)
+{
+    Open();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QStringLiteral("/data/walk.csv"))});
+    files.files[QUrl::fromLocalFile(QStringLiteral("/data/walk.csv")).toLocalFile().toStdString()] =
+        kDataFile;
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+    QApplication::processEvents();
+    EXPECT_EQ(Rows(), 2);
+}
+
+// ---- what the window remembers --------------------------------------------------------------------------
+
+TEST_F(FrmMenuCommandsTest, RemembersItsLooksInAFileOfTheirOwn)
+{
+    Open();
+    auto* const columns = Find<LiveTable>("vaSpread1")->horizontalHeader();
+    window->resize(1180, 760);
+    columns->resizeSection(2, 133);
+    Click("Span4");
+    window->close();
+    window.reset();
+    Open();
+    EXPECT_EQ(window->size(), QSize(1180, 760));
+    EXPECT_EQ(Find<LiveTable>("vaSpread1")->columnWidth(2), 133);
+    EXPECT_TRUE(Find<QToolButton>("Span4")->isChecked());
+    window.reset();
+    for (const char* damage : {"", "Window=", "Columns=1,2\r\nSpan=9\r\n",
+                               "Columns=9999999,-1,0,x,,1e9,5\r\nWindow=!!!\r\nDivision=AAAA\r\nSpan=-1"}) {
+        files.files["app/QuorvaneWindow.ini"] = damage;
+        Open();
+        EXPECT_TRUE(window->isVisible()) << damage;
+        EXPECT_TRUE(Find<QToolButton>("Span1")->isChecked()) << damage;
+        EXPECT_LT(Find<LiveTable>("vaSpread1")->columnWidth(0), 500) << damage;
+        window.reset();
+    }
+}
+
+} // namespace
+} // namespace quorvane
