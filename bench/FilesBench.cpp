@@ -2,8 +2,12 @@
 #include "app/ProgramVersion.h"
 #include "files/AppFiles.h"
 #include "files/DataFile.h"
+#include "files/OpenCommand.h"
 #include "files/SettingsFile.h"
+#include "instrument/DateTimeText.h"
 #include "platform/Platform.h"
+#include "resources/StringTable.h"
+#include "tests/support/ScriptedPrompts.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
@@ -46,9 +50,16 @@ const MeasurementArrays& Run()
     return run;
 }
 
+/// As the system that the benchmark runs on writes it.
+std::string Today()
+{
+    const Platform platform = MakePlatform();
+    return SystemDateText(platform.clock->Now(), *platform.locale);
+}
+
 std::string RunText()
 {
-    return DataFileText(Run(), "2024/02/29", "1.3", kReadings, kFullLayout, kFormat);
+    return DataFileText(Run(), Today(), "1.3", kReadings, kFullLayout, kFormat);
 }
 
 /// A folder of its own in the working folder, so that the disk is the one the benchmark is started on.
@@ -122,6 +133,50 @@ void WriteSameBytes(benchmark::State& state)
     CountBytes(state, text.size());
 }
 BENCHMARK(WriteSameBytes)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// Reads the file, takes it apart, dates the readings, puts them in place.
+void OpenLongestRun(benchmark::State& state, const std::string& text)
+{
+    const BenchFolder folder;
+    const Platform platform = MakePlatform();
+    const std::string path = BenchFolder::File("run.csv");
+    ApplicationState program;
+    MeasurementArrays arrays;
+    ScriptedPrompts prompts;
+    const StringTable table(TableLanguage::English);
+    const Texts texts(table, program);
+    OpenCommand command(
+        program, arrays,
+        {*platform.files, *platform.codePage, *platform.locale, *platform.clock, prompts, texts});
+    if (platform.files->Replace(path, text))
+        state.SkipWithError("not written");
+    for ([[maybe_unused]] auto _ : state)
+        if (command.OpenPath(path, [] {}) != OpenResult::Opened)
+            state.SkipWithError("not opened");
+    CountBytes(state, text.size());
+}
+
+std::string CommaText()
+{
+    return DataFileText(Run(), Today(), "1.3", kReadings, kFullLayout,
+                        {.decimalSign = ",", .version = kProgramVersion});
+}
+BENCHMARK_CAPTURE(OpenLongestRun, point, RunText())->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK_CAPTURE(OpenLongestRun, comma, CommaText())->Unit(benchmark::kMillisecond)->UseRealTime();
+
+/// As large as a file may be, and only its last row is bad.
+void RefuseLargeFile(benchmark::State& state)
+{
+    std::string text = RunText();
+    text.resize(text.size() - 4);
+    text.append(kLargestDataFile - text.size(), ',');
+    DataFileContents contents;
+    for ([[maybe_unused]] auto _ : state)
+        if (!ReadDataFile(text, contents))
+            state.SkipWithError("taken");
+    CountBytes(state, text.size());
+}
+BENCHMARK(RefuseLargeFile)->Unit(benchmark::kMillisecond);
 
 void LoadSettingsFile(benchmark::State& state)
 {

@@ -68,7 +68,7 @@ bool ParseNumber(std::string_view text, double& value)
 /// A number whose decimal sign is a comma, and so one or two pieces of its line.
 bool ParseCommaNumber(std::string_view text, double& value)
 {
-    if (text.size() > kLongestNumber || text.find('.') != std::string_view::npos)
+    if (text.find('.') != std::string_view::npos)
         return false;
     const std::size_t comma = text.find(',');
     if (comma == std::string_view::npos)

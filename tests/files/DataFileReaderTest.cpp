@@ -130,6 +130,7 @@ TEST(DataFileReader, TakesWhatSpreadsheetsAndEditorsMakeOfAFile)
         Contents(With(kPoint, "00:00:00,48,1,0.508,0.509,60,1.016", "0:00:00,48,1,1,2,60,3"));
     EXPECT_THAT(trimmed.arrays.IntegratedConc, ElementsAre(0, 0.016, 3)) << "\".0\" taken away";
     EXPECT_EQ(Contents(kTop + "Data,0\r\nK Factor,0\r\n" + kFull).arrays.MeasureTime.size(), 1U);
+    EXPECT_EQ(Contents(kShortComma).arrays.ExtraField[1], "") << "a factor that was not told";
 }
 
 TEST(DataFileReader, TellsATimeWithCommasFromTheNumbers)
@@ -143,12 +144,13 @@ TEST(DataFileReader, TellsATimeWithCommasFromTheNumbers)
     const Row rows[] = {
         {"point", With(kPoint, "23:59:59", "23,5.9\0:\x01,9"s), "23,5.9\0:\x01,9"s, 0.016},
         {"point, as many pieces as with a comma", With(kPoint, "23:59:59", "2,3,:,5"), "2,3,:,5", 0.016},
-        {"comma", With(kComma, "23:59:59", "23,59"), "23,59", 0.016},
+        {"comma", With(With(kComma, "23:59:59", "23,59"), "00:00:00", "0,0"), "23,59", 0.016},
         {"comma, as many pieces as without noise",
          With(With(With(kComma, "23:59:59,12,0,016", "23,7,12,1"), "12,0,016\r", "12,1,0\r"), "1,016", "2,0"),
          "23,7", 1},
         {"comma, short", With(kShortComma, "23:59:59", "2,3,"), "2,3,", 0.016},
         {"no time", With(kComma, "23:59:59", ""), "", 0.016},
+        {"comma, sum of counts wrong", With(kComma, "0,017,12,", "0,017,0,"), "23:59:59", 0.016},
     };
     for (const Row& row : rows) {
         const DataFileContents contents = Contents(row.text);
@@ -206,7 +208,7 @@ TEST(DataFileReader, RefusesWhatIsNoneOfItsFiles)
         {"beyond a double", second("00:00:00,48,1E+999,0.508,0.509,60,1.016"), BadLine, 7},
         {"not to its end", second("00:00:00,48,1 mg,0.508,0.509,60,1.016"), BadLine, 7},
         {"a line end in the time", With(kPoint, "00:00:00", "00:\n0:00"), BadLine, 7},
-        {"digits without end", second("00:00:00," + std::string(1 << 20, '1') + ",1,0.5,0.5,6,1.0"), BadLine,
+        {"digits without end", second("00:00:00," + std::string(1 << 20, '0') + ",1,0.5,0.5,6,1.0"), BadLine,
          7},
         {"time without end", second(std::string(1 << 20, '1') + ",48,1,0.508,0.509,60,1.016"), BadLine, 7},
         {"a comma row among points", second("00:00:00,48,1,0,508,0,509,60,1,016"), BadLine, 7},

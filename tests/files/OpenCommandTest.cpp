@@ -144,7 +144,7 @@ TEST_F(OpenCommandTest, WhatWasOpenedIsSavedAsItWas)
     store.files["utf8"] = "\xEF\xBB\xBF" + Replaced(undated, "Date,", "Date,29. M\xC3\xA4r 2024");
     for (const auto& [path, saved] : {std::pair("short", "short"), std::pair("undated", "undated"),
                                       std::pair("page", "page"), std::pair("utf8", "page")}) {
-        Open(path);
+        EXPECT_NE(Open(path), OpenResult::Failed) << path;
         EXPECT_FALSE(save.SaveTo("saved"));
         EXPECT_EQ(store.files["saved"], store.files[saved]) << path;
     }

@@ -175,6 +175,8 @@ TEST_F(FileStoreTest, AppendsAndReadsWholeFiles)
     EXPECT_FALSE(store_.Append(In("RSErr.log"), large));
     EXPECT_FALSE(store_.ReadWhole(In("RSErr.log"), bytes));
     EXPECT_TRUE(bytes == "heading\r\n" + large);
+    EXPECT_EQ(store_.Size(In("RSErr.log")), 200'010U);
+    EXPECT_EQ(store_.Size(In("absent")), std::nullopt);
 }
 
 } // namespace
