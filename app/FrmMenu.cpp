@@ -17,6 +17,8 @@ namespace {
 
 constexpr int kTitleText = 101;
 constexpr std::chrono::milliseconds kStatusPace{250};
+constexpr int kChartShare = 620; // of the window's width, until the operator divides it otherwise
+constexpr int kTableShare = 460;
 
 } // namespace
 
@@ -57,6 +59,7 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
     ui_->Command3->setIcon(ui_->MenuWholeRun->icon());
     ui_->Command4->setIcon(ui_->MenuZoom->icon());
     ui_->Splitter->setStretchFactor(0, 1); // the chart takes the room that a larger window gives
+    ui_->Splitter->setSizes({kChartShare, kTableShare});
     setAcceptDrops(true);
     SetFonts();
     SetShortcuts();
