@@ -151,7 +151,7 @@ void OpenLongestRun(benchmark::State& state, const std::string& text)
     if (platform.files->Replace(path, text))
         state.SkipWithError("not written");
     for ([[maybe_unused]] auto _ : state)
-        if (command.OpenPath(path, [] {}) != OpenResult::Opened)
+        if (command.OpenPath(path, [](const std::string&) {}) != OpenResult::Opened)
             state.SkipWithError("not opened");
     CountBytes(state, text.size());
 }
