@@ -99,13 +99,3 @@ BENCHMARK(BM_ChartMassLastMinute)->Unit(benchmark::kMillisecond)->Iterations(kAp
 
 } // namespace
 } // namespace quorvane
-
-int main(int argc, char** argv)
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

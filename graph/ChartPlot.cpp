@@ -19,7 +19,6 @@ const QColor kLegendPanel(128, 128, 255);
 const QColor kBevelLight(255, 255, 255);
 const QColor kBevelDark(128, 128, 128);
 const QColor kNoticeRed(176, 0, 0);
-const QColor kNoticePaper(255, 255, 255, 208); // what lies behind can be made out
 
 constexpr int kBevel = 3;
 constexpr int kBorder = 1;
@@ -379,7 +378,7 @@ void ChartPlot::DrawNotice(QCPPainter* painter) const
                                                                   2 * kNoticeMargin, kNoticeMargin);
     box.moveCenter({area.center().x(), area.top() + box.height() / 2 + 6});
     painter->setPen(QPen(kNoticeRed, 2));
-    painter->setBrush(kNoticePaper);
+    painter->setBrush(Qt::NoBrush); // the curves are seen through it
     painter->drawRect(box);
     painter->setPen(kNoticeRed);
     painter->drawText(box, Qt::AlignCenter, notice_);

@@ -12,6 +12,19 @@ namespace quorvane {
 namespace {
 
 constexpr int kRowsInSight = 6;
+constexpr int kNumberMargin = 6;
+
+/// The numbers of the readings, always wide enough for the last one: the toolkit would measure the texts of
+/// two hundred of them at each new reading.
+class RowNumbers final : public QHeaderView {
+public:
+    explicit RowNumbers(QWidget* parent) : QHeaderView(Qt::Vertical, parent) { setSectionsClickable(true); }
+
+    [[nodiscard]] QSize sizeHint() const override
+    {
+        return {fontMetrics().horizontalAdvance(QStringLiteral("65500")) + 2 * kNumberMargin, 0};
+    }
+};
 
 } // namespace
 
@@ -28,6 +41,7 @@ LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(th
     // By pixels, because by rows the toolkit insists on the last row at the bottom of the view.
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalHeader(new RowNumbers(this));
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
