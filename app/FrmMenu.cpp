@@ -17,8 +17,8 @@ namespace {
 
 constexpr int kTitleText = 101;
 constexpr std::chrono::milliseconds kStatusPace{250};
-constexpr int kChartShare = 620; // of the window's width, until the operator divides it otherwise
-constexpr int kTableShare = 460;
+constexpr int kChartShare = 600; // of the window's width, until the operator divides it otherwise
+constexpr int kTableShare = 480;
 
 } // namespace
 
