@@ -240,10 +240,15 @@ void FrmMenu::MenuGraphSetting()
     chart_.FlagsEdited(before);
 }
 
+/// Stands beside the window: whoever looks something up during a run can still end it.
 void FrmMenu::MenuVersion()
 {
-    const Command command(*this);
-    ShowDialog(new FrmHelp(state_, parts_.run.texts, this));
+    auto* help = findChild<QDialog*>(u"FrmHelp"_qs);
+    if (help == nullptr)
+        help = new FrmHelp(state_, parts_.run.texts, this);
+    help->setAttribute(Qt::WA_DeleteOnClose);
+    help->show();
+    help->activateWindow();
 }
 
 // ---- the end --------------------------------------------------------------------------------------------
