@@ -240,10 +240,14 @@ void FrmMenu::MenuGraphSetting()
     chart_.FlagsEdited(before);
 }
 
+/// There while a run goes on. Events are served by whoever serves them now, and not by the dialog: below a
+/// loop of its own the wait for a line would not end, and no reading would come until somebody closed it.
 void FrmMenu::MenuVersion()
 {
-    const Command command(*this);
-    ShowDialog(new FrmHelp(state_, parts_.run.texts, this));
+    auto* const dialog = new FrmHelp(state_, parts_.run.texts, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    keeper_.Watch(*dialog);
+    dialog->open();
 }
 
 // ---- the end --------------------------------------------------------------------------------------------

@@ -1,14 +1,20 @@
+#include "app/FrmHelp.h"
 #include "graph/ChartWidget.h"
 #include "measure/LampView.h"
+#include "measure/LimitBox.h"
 #include "tests/support/Operator.h"
 #include "tests/support/WindowWorld.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
@@ -49,10 +55,12 @@ TEST_F(FrmMenuCommandsTest, ToolbarButtonsAreToldApartByTheirKeys)
     prompts.answers = {Answer::No};
     ClickTool("ToolOpen");
     EXPECT_EQ(prompts.openQuestions.size(), 1U);
-    {
-        Operator person({[](QDialog& dialog) { dialog.reject(); }});
-        ClickTool("ToolHelp");
-    }
+    ClickTool("ToolHelp");
+    ASSERT_NE(window->findChild<FrmHelp*>(), nullptr);
+    window->findChild<FrmHelp*>()->close();
+    ClickTool("ToolPrint");
+    ASSERT_NE(window->findChild<QPrintDialog*>(), nullptr);
+    window->findChild<QPrintDialog*>()->close();
     auto* const stranger = Find<QToolBar>("Toolbar1")->addAction(QStringLiteral("save"));
     stranger->setData(QStringLiteral("save")); // the key is "Save"
     stranger->trigger();
@@ -80,6 +88,45 @@ TEST_F(FrmMenuCommandsTest, WhileARunGoesOnOnlyItsPictureAndItsEndCanBeHad)
     EXPECT_TRUE(checked);
     EXPECT_TRUE(Find<QPushButton>("Command3")->isEnabled());
     EXPECT_TRUE(Enabled("MenuGraphSetting"));
+}
+
+TEST_F(FrmMenuCommandsTest, ReadingsGoOnWhileADialogIsLeftOpen)
+{
+    for (const char* action : {"MenuVersion", "MenuPrint"}) {
+        Open();
+        bool asked = false;
+        bool returned = false;
+        onPump = [&](long) {
+            if (Rows() != 1 || std::exchange(asked, true))
+                return;
+            QTimer::singleShot(0, window.get(), [&] {
+                if (!returned) // the dialog serves events itself, and holds up what waits below it
+                    QApplication::activeModalWidget()->close();
+            });
+            Find<QAction>(action)->trigger();
+            returned = true;
+        };
+        Measure();
+        EXPECT_EQ(Rows(), 3);
+        EXPECT_TRUE(returned);
+        EXPECT_NE(QApplication::activeModalWidget(), nullptr) << action;
+        window.reset();
+    }
+}
+
+TEST_F(FrmMenuCommandsTest, PictureCommandsMakeWhatTheySay)
+{
+    Open();
+    Measure();
+    Trigger("MenuSaveImage");
+    ASSERT_EQ(prompts.saveQuestions.size(), 1U);
+    EXPECT_EQ(prompts.saveQuestions[0].extension, "png");
+    QApplication::clipboard()->clear();
+    Trigger("MenuCopyChart");
+    EXPECT_FALSE(QApplication::clipboard()->image().isNull());
+    EXPECT_EQ(window->findChild<QPrintPreviewDialog*>(), nullptr);
+    Trigger("MenuPreview");
+    EXPECT_NE(window->findChild<QPrintPreviewDialog*>(), nullptr);
 }
 
 // ---- chart ----------------------------------------------------------------------------------------------
