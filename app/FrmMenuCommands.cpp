@@ -76,6 +76,8 @@ void FrmMenu::Connect()
     connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
     connect(ui_->Command1, &QPushButton::clicked, this, &FrmMenu::Command1Click);
     connect(ui_->Command2, &QPushButton::clicked, this, [this] { run_.ResetAlarms(); });
+    for (const QLineEdit* limit : {ui_->Text1, ui_->Text2, ui_->Text3}) // its line in the chart moves along
+        connect(limit, &QLineEdit::textEdited, ui_->TChart1, &ChartWidget::Repaint);
 
     const std::pair<QAction*, const char*> keys[] = {
         {ui_->ToolOpen, "Open"}, {ui_->ToolSave, "Save"}, {ui_->ToolPrint, "Print"}, {ui_->ToolHelp, "Help"}};

@@ -179,6 +179,25 @@ TEST_F(FrmMenuCommandsTest, SpanAndWholeRunMoveTheTimeAxis)
     EXPECT_EQ(Chart().BottomMaximum(), ToChartTime(arrays.Moment[3]));
 }
 
+TEST_F(FrmMenuCommandsTest, TheChartTellsTheReadingUnderTheMouseAndFollowsTheLimits)
+{
+    state.AlarmTWAFlg = true;
+    state.TwaAlarm = 1;
+    Open();
+    Measure();
+    const auto picture = [this] {
+        QApplication::processEvents();
+        return Chart().grab().toImage();
+    };
+    const QImage before = picture();
+    Find<LimitBox>("Text1")->selectAll();
+    QTest::keyClicks(Find<LimitBox>("Text1"), QStringLiteral("0.5"));
+    const QImage lower = picture();
+    EXPECT_NE(lower.copy(Chart().CurveArea()), before.copy(Chart().CurveArea()));
+    QTest::mouseMove(&Chart(), Chart().CurveArea().center());
+    EXPECT_NE(picture(), lower);
+}
+
 // ---- settings -------------------------------------------------------------------------------------------
 
 TEST_F(FrmMenuCommandsTest, GraphSettingsAskAboutUnsavedReadingsAndRebuildTheChart)
