@@ -236,6 +236,9 @@ TEST_F(FrmMenuCommandsTest, MeasureSettingsPlanTheNextRun)
     EXPECT_EQ(state.TotalSamples, 2);
     Measure();
     EXPECT_EQ(Rows(), 2);
+    state.TotalSamples = 50; // of the next run
+    Pause();
+    EXPECT_EQ(Label("StatusSample"), "Sample 2 of 2");
 }
 
 // ---- opening --------------------------------------------------------------------------------------------
