@@ -249,15 +249,17 @@ TEST_F(FrmMenuCommandsTest, OpenedReadingsFillTableAndChart)
     Open();
     Measure();
     EXPECT_TRUE(Find<LampView>("Image3")->IsLit());
+    Click("Command4");
     prompts.answers = {Answer::No};
     prompts.openNames = {"old.csv"};
     Trigger("MenuOpen");
     EXPECT_EQ(Rows(), 2);
     EXPECT_EQ(Cell(1, 0), "00:00:08");
     EXPECT_EQ(Cell(1, 2), "0.018");
-    EXPECT_EQ(Cell(1, 3), "");                                                  // the file has no averages
+    EXPECT_EQ(Cell(1, 3), ""); // the file has no averages
     EXPECT_NEAR((Chart().BottomMaximum() - Chart().BottomMinimum()) * 86400, 10, 0.001); // across midnight
     EXPECT_FALSE(Find<LampView>("Image3")->IsLit());
+    EXPECT_EQ(Find<QPushButton>("Command4")->text(), QStringLiteral("Zoom On"));
     EXPECT_EQ(state.TotalSamples, 3);
     EXPECT_EQ(state.DataPresent, 1);
     EXPECT_FALSE(window->isWindowModified());
@@ -289,6 +291,8 @@ TEST_F(FrmMenuCommandsTest, AFileThatCannotBeOpenedOrIsNotWantedTakesNothingAway
 TEST_F(FrmMenuCommandsTest, AFileCanBeDroppedOnTheWindow)
 {
     Open();
+    Measure();
+    prompts.answers = {Answer::No};
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(QStringLiteral("/data/walk.csv"))});
     files.files[QUrl::fromLocalFile(QStringLiteral("/data/walk.csv")).toLocalFile().toStdString()] =
@@ -300,6 +304,7 @@ TEST_F(FrmMenuCommandsTest, AFileCanBeDroppedOnTheWindow)
     QApplication::sendEvent(window.get(), &drop);
     QApplication::processEvents();
     EXPECT_EQ(Rows(), 2);
+    EXPECT_THAT(Messages(), ElementsAre("Data is not saved. Do you save?"));
 }
 
 // ---- what the window remembers --------------------------------------------------------------------------
