@@ -76,6 +76,8 @@ void FrmMenu::Connect()
     connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
     connect(ui_->Command1, &QPushButton::clicked, this, &FrmMenu::Command1Click);
     connect(ui_->Command2, &QPushButton::clicked, this, [this] { run_.ResetAlarms(); });
+    for (const QLineEdit* limit : {ui_->Text1, ui_->Text2, ui_->Text3}) // its line in the chart moves along
+        connect(limit, &QLineEdit::textEdited, ui_->TChart1, &ChartWidget::Repaint);
 
     const std::pair<QAction*, const char*> keys[] = {
         {ui_->ToolOpen, "Open"}, {ui_->ToolSave, "Save"}, {ui_->ToolPrint, "Print"}, {ui_->ToolHelp, "Help"}};
@@ -240,7 +242,8 @@ void FrmMenu::MenuGraphSetting()
     chart_.FlagsEdited(before);
 }
 
-/// Stands beside the window: whoever looks something up during a run can still end it.
+/// There while a run goes on: it stands beside the window, so that the run can still be ended, and serves no
+/// events itself, for below a loop of its own the wait for a line would not end and no reading would come.
 void FrmMenu::MenuVersion()
 {
     auto* help = findChild<QDialog*>(u"FrmHelp"_qs);

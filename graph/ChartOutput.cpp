@@ -1,6 +1,5 @@
 #include "graph/ChartOutput.h"
 
-#include "app/ModalDialog.h"
 #include "app/QtText.h"
 #include "files/FileFaultText.h"
 #include "files/SaveName.h"
@@ -150,18 +149,15 @@ void ChartOutput::Preview()
 
 void ChartOutput::Print()
 {
-    const ChartPage page = Page();
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageOrientation(QPageLayout::Landscape);
-    printer.setDocName(page.title);
-    const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, parent_);
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setPageOrientation(QPageLayout::Landscape);
+    printer->setDocName(Shown(texts_[kTitleText]));
+    auto* const dialog = new QPrintDialog(printer.get(), parent_);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    if (!RunModally(dialog.data()))
-        return;
-    const bool accepted = dialog->result() == QDialog::Accepted;
-    delete dialog;
-    if (accepted)
-        PrintOn(printer, page);
+    QObject::connect(dialog, &QDialog::accepted, dialog,
+                     [this, printer, page = Page()] { PrintOn(*printer, page); });
+    dialog->open();
 }
 
 void ChartOutput::PrintOn(QPrinter& printer, const ChartPage& page)

@@ -20,7 +20,8 @@ public:
 
     /// Shows the page in a window of its own; returns at once and holds nothing up.
     void Preview();
-    /// Asks for the printer and prints the page.
+    /// Asks for the printer and prints the page. Returns at once: a run that goes on takes its readings while
+    /// the dialog is open.
     void Print();
     /// Asks for a name and saves the chart, as large as on the screen: as a picture of twice the screen's
     /// pixels, or as a page of lines and texts when the name ends in ".pdf".

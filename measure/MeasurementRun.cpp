@@ -302,7 +302,7 @@ RunStatus MeasurementRun::Status()
 {
     RunStatus status;
     status.taken = takenSamples_;
-    status.planned = static_cast<std::int32_t>(state_.TotalSamples);
+    status.planned = std::max(0, static_cast<std::int32_t>(arrays_.ReplyLine.size()) - 1);
     status.left = std::chrono::seconds(state_.SamplingSeconds) * std::max(0, status.planned - status.taken);
     status.askedAt = services_.clock.SteadyNow();
     if (runState_ == RunState::Measuring)

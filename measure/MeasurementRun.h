@@ -23,7 +23,7 @@ namespace quorvane {
 /// How a run is getting on, for a status line.
 struct RunStatus {
     std::int32_t taken = 0;      ///< readings so far
-    std::int32_t planned = 0;    ///< readings in all
+    std::int32_t planned = 0;    ///< readings in all, as that run was begun
     std::chrono::seconds left{}; ///< until the last one, by the sampling interval
     int linesBehind =
         0; ///< whole lines that wait behind the last one taken; more than 1: the instrument is faster

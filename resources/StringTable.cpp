@@ -235,7 +235,7 @@ constexpr Entry kEntries[] = {
     {kSecondsText, "Seconds of the total measure time", "総測定時間の秒"},
     {kRelativeGroupText, "Relative concentration", "相対濃度"},
     {kMassGroupText, "Mass concentration", "質量濃度"},
-    {kAlarmGroupText, "Alarm lines (with mass concentration only)", "警報線（質量濃度の表示時のみ）"},
+    {kAlarmGroupText, "Alarm lines (choose with mass concentration)", "警報線（質量濃度の選択時に設定）"},
     {kGraphHintText,
      "Relative and mass concentration cannot be shown together. To change over, clear all boxes of the one "
      "in "
@@ -274,7 +274,8 @@ constexpr Entry kEntries[] = {
     {kToolOpenText, "Open", "開く"},
     {kToolOpenTipText, "Opens a data file (Ctrl+O)", "データファイルを開きます（Ctrl+O）"},
     {kToolSaveText, "Save", "保存"},
-    {kToolSaveTipText, "Saves the readings as a data file (Ctrl+S)", "測定データをファイルに保存します（Ctrl+S）"},
+    {kToolSaveTipText, "Saves the readings as a data file (Ctrl+S)",
+     "測定データをファイルに保存します（Ctrl+S）"},
     {kToolPrintText, "Print", "印刷"},
     {kToolPrintTipText, "Prints the chart (Ctrl+P)", "グラフを印刷します（Ctrl+P）"},
     {kToolHelpText, "Help", "ヘルプ"},

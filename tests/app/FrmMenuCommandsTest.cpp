@@ -1,14 +1,19 @@
 #include "graph/ChartWidget.h"
 #include "measure/LampView.h"
+#include "measure/LimitBox.h"
 #include "tests/support/Operator.h"
 #include "tests/support/WindowWorld.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
@@ -51,6 +56,9 @@ TEST_F(FrmMenuCommandsTest, ToolbarButtonsAreToldApartByTheirKeys)
     EXPECT_EQ(prompts.openQuestions.size(), 1U);
     ClickTool("ToolHelp");
     EXPECT_TRUE(Find<QDialog>("FrmHelp")->isVisible());
+    ClickTool("ToolPrint");
+    ASSERT_NE(window->findChild<QPrintDialog*>(), nullptr);
+    window->findChild<QPrintDialog*>()->close();
     auto* const stranger = Find<QToolBar>("Toolbar1")->addAction(QStringLiteral("save"));
     stranger->setData(QStringLiteral("save")); // the key is "Save"
     stranger->trigger();
@@ -78,6 +86,45 @@ TEST_F(FrmMenuCommandsTest, WhileARunGoesOnOnlyItsPictureAndItsEndCanBeHad)
     EXPECT_TRUE(checked);
     EXPECT_TRUE(Find<QPushButton>("Command3")->isEnabled());
     EXPECT_TRUE(Enabled("MenuGraphSetting"));
+}
+
+TEST_F(FrmMenuCommandsTest, ReadingsGoOnWhileADialogIsLeftOpen)
+{
+    for (const char* action : {"MenuVersion", "MenuPrint"}) {
+        Open();
+        bool asked = false;
+        bool returned = false;
+        onPump = [&](long) {
+            if (Rows() != 1 || std::exchange(asked, true))
+                return;
+            QTimer::singleShot(0, window.get(), [&] {
+                if (!returned) // the dialog serves events itself, and holds up what waits below it
+                    window->findChild<QDialog*>()->close();
+            });
+            Find<QAction>(action)->trigger();
+            returned = true;
+        };
+        Measure();
+        EXPECT_EQ(Rows(), 3);
+        EXPECT_TRUE(returned);
+        EXPECT_NE(window->findChild<QDialog*>(), nullptr) << action;
+        window.reset();
+    }
+}
+
+TEST_F(FrmMenuCommandsTest, PictureCommandsMakeWhatTheySay)
+{
+    Open();
+    Measure();
+    Trigger("MenuSaveImage");
+    ASSERT_EQ(prompts.saveQuestions.size(), 1U);
+    EXPECT_EQ(prompts.saveQuestions[0].extension, "png");
+    QApplication::clipboard()->clear();
+    Trigger("MenuCopyChart");
+    EXPECT_FALSE(QApplication::clipboard()->image().isNull());
+    EXPECT_EQ(window->findChild<QPrintPreviewDialog*>(), nullptr);
+    Trigger("MenuPreview");
+    EXPECT_NE(window->findChild<QPrintPreviewDialog*>(), nullptr);
 }
 
 // ---- chart ----------------------------------------------------------------------------------------------
@@ -130,6 +177,25 @@ TEST_F(FrmMenuCommandsTest, SpanAndWholeRunMoveTheTimeAxis)
     EXPECT_EQ(Chart().BottomMaximum(), ToChartTime(arrays.Moment[3]));
 }
 
+TEST_F(FrmMenuCommandsTest, TheChartTellsTheReadingUnderTheMouseAndFollowsTheLimits)
+{
+    state.AlarmTWAFlg = true;
+    state.TwaAlarm = 1;
+    Open();
+    Measure();
+    const auto picture = [this] {
+        QApplication::processEvents();
+        return Chart().grab().toImage();
+    };
+    const QImage before = picture();
+    Find<LimitBox>("Text1")->selectAll();
+    QTest::keyClicks(Find<LimitBox>("Text1"), QStringLiteral("0.5"));
+    const QImage lower = picture();
+    EXPECT_NE(lower.copy(Chart().CurveArea()), before.copy(Chart().CurveArea()));
+    QTest::mouseMove(&Chart(), Chart().CurveArea().center());
+    EXPECT_NE(picture(), lower);
+}
+
 // ---- settings -------------------------------------------------------------------------------------------
 
 TEST_F(FrmMenuCommandsTest, GraphSettingsAskAboutUnsavedReadingsAndRebuildTheChart)
@@ -168,6 +234,9 @@ TEST_F(FrmMenuCommandsTest, MeasureSettingsPlanTheNextRun)
     EXPECT_EQ(state.TotalSamples, 2);
     Measure();
     EXPECT_EQ(Rows(), 2);
+    state.TotalSamples = 50; // of the next run
+    Pause();
+    EXPECT_EQ(Label("StatusSample"), "Sample 2 of 2");
 }
 
 // ---- opening --------------------------------------------------------------------------------------------
@@ -178,6 +247,7 @@ TEST_F(FrmMenuCommandsTest, OpenedReadingsFillTableAndChart)
     Open();
     Measure();
     EXPECT_TRUE(Find<LampView>("Image3")->IsLit());
+    Click("Command4");
     prompts.answers = {Answer::No};
     prompts.openNames = {"old.csv"};
     Trigger("MenuOpen");
@@ -187,6 +257,7 @@ TEST_F(FrmMenuCommandsTest, OpenedReadingsFillTableAndChart)
     EXPECT_EQ(Cell(1, 3), ""); // the file has no averages
     EXPECT_NEAR((Chart().BottomMaximum() - Chart().BottomMinimum()) * 86400, 10, 0.001); // across midnight
     EXPECT_FALSE(Find<LampView>("Image3")->IsLit());
+    EXPECT_EQ(Find<QPushButton>("Command4")->text(), QStringLiteral("Zoom On"));
     EXPECT_EQ(state.TotalSamples, 3);
     EXPECT_EQ(state.DataPresent, 1);
     EXPECT_FALSE(window->isWindowModified());
@@ -218,6 +289,8 @@ TEST_F(FrmMenuCommandsTest, AFileThatCannotBeOpenedOrIsNotWantedTakesNothingAway
 TEST_F(FrmMenuCommandsTest, AFileCanBeDroppedOnTheWindow)
 {
     Open();
+    Measure();
+    prompts.answers = {Answer::No};
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile(QStringLiteral("/data/walk.csv"))});
     files.files[QUrl::fromLocalFile(QStringLiteral("/data/walk.csv")).toLocalFile().toStdString()] =
@@ -229,6 +302,7 @@ TEST_F(FrmMenuCommandsTest, AFileCanBeDroppedOnTheWindow)
     QApplication::sendEvent(window.get(), &drop);
     QApplication::processEvents();
     EXPECT_EQ(Rows(), 2);
+    EXPECT_THAT(Messages(), ElementsAre("Data is not saved. Do you save?"));
 }
 
 // ---- what the window remembers --------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "graph/ChartWidget.h"
 
 #include "graph/ChartSteps.h"
+#include "graph/PlotLibrary.h"
 #include "resources/StringTable.h"
 
 #include <QApplication>
@@ -299,6 +300,42 @@ TEST_F(ChartWidgetTest, LegendHoldsWhatIsSwitchedIn)
     chart.SetInLegend(kTwaSeries, false);
     chart.SetInLegend(kMassSeries, false);
     EXPECT_EQ(legendPixels(), 0);
+}
+
+TEST_F(ChartWidgetTest, SeriesAndValueAxisBearTheirNames)
+{
+    const auto& plot = *chart.findChild<QCustomPlot*>();
+    const char* names[] = {"Relative Concentration(Instantaneous value)",
+                           "Mass Concentration(C)",
+                           "Mass Concentration(TWA)",
+                           "Mass Concentration(STEL)",
+                           "Relative Concentration(Integrated value)",
+                           "Mass Concentration(Integrated value)"};
+    for (int series = 0; series < kChartSeriesCount; ++series)
+        EXPECT_EQ(plot.graph(series)->name().toStdString(), names[series]);
+
+    const auto titlePixels = [this](ChartView view) {
+        chart.SetView(view);
+        const QImage image = Screen();
+        int ink = 0;
+        for (int x = chart.CurveArea().left() - 60; x < chart.CurveArea().left() - 40; ++x)
+            for (int y = 10; y < image.height() - 10; ++y)
+                ink += qGray(image.pixel(x, y)) < 60 ? 1 : 0;
+        return ink;
+    };
+    EXPECT_EQ(titlePixels(ChartView::None), 0);
+    EXPECT_GT(titlePixels(ChartView::Relative), 20);
+    EXPECT_GT(titlePixels(ChartView::Mass), 1.5 * titlePixels(ChartView::Relative)); // the longer one
+
+    const auto labels = [&](ChartView view) {
+        chart.SetView(view);
+        QVector<double> ticks;
+        QVector<QString> texts;
+        plot.yAxis->ticker()->generate({0, 2}, QLocale::c(), u'f', 1, ticks, nullptr, &texts);
+        return texts;
+    };
+    EXPECT_EQ(labels(ChartView::Relative), (QVector<QString>{u"0"_qs, u"1"_qs, u"2"_qs}));
+    EXPECT_EQ(labels(ChartView::Mass).value(1), u"0.2"_qs);
 }
 
 TEST(ChartSteps, AreRound)
