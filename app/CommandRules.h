@@ -21,8 +21,8 @@ struct EnabledCommands {
 };
 
 /// One rule for all of them: while a run is prepared nothing can be used; while it goes on it can be stopped
-/// and its chart printed, for that changes nothing; all else needs an idle program. Readings can be saved,
-/// and their chart shown whole, when a finished run or an opened file is there.
+/// and its chart printed, for that changes nothing; all else needs an idle program. Saving needs readings,
+/// too: a finished run's or an opened file's.
 [[nodiscard]] constexpr EnabledCommands CommandsIn(RunState state, std::int16_t dataPresent)
 {
     const bool idle = state == RunState::Idle;
