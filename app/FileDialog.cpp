@@ -4,6 +4,7 @@
 #include "app/QtText.h"
 #include "files/SaveName.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -19,8 +20,6 @@
 
 namespace quorvane {
 namespace {
-
-constexpr int kCancelText = 129;
 
 QStringList Patterns(const FileFilter& filter)
 {

@@ -5,12 +5,11 @@
 #include "app/QtText.h"
 #include "app/ui_FrmHelp.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 namespace quorvane {
 namespace {
 
-constexpr int kProgramNameText = 101;
-constexpr int kCloseText = 162;
 constexpr int kIconSize = 64;
 constexpr double kNameFactor = 1.6;
 constexpr int kPathLetters = 48; ///< a longer path is there all the same, and scrolls

@@ -7,6 +7,7 @@
 #include "app/QtText.h"
 #include "app/ui_FrmMenu.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -15,7 +16,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int kTitleText = 101;
 constexpr std::chrono::milliseconds kStatusPace{250};
 constexpr int kChartShare = 600; // of the window's width, until the operator divides it otherwise
 constexpr int kTableShare = 480;
@@ -150,7 +150,7 @@ void FrmMenu::SetCaptions()
 /// The window is named after the file that its readings come from.
 void FrmMenu::ShowTitle()
 {
-    const QString program = Shown(parts_.run.texts[kTitleText]);
+    const QString program = Shown(parts_.run.texts[kProgramNameText]);
     setWindowTitle(openedName_.isEmpty() ? program + u"[*]"_qs : openedName_ + u"[*] - "_qs + program);
 }
 

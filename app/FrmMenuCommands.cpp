@@ -6,6 +6,7 @@
 #include "graph/FrmGraphSetting.h"
 #include "measure/FrmMeasureSetting.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -17,8 +18,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int kEndCaption = 225;
-constexpr int kUnsavedText = 228;
 constexpr std::chrono::milliseconds kPressesApart{500};
 
 /// The one file that is dragged over the window; empty for anything else.
@@ -103,7 +102,7 @@ void FrmMenu::Command1Click()
 {
     if (!IsPressOfItsOwn())
         return;
-    if (run_.Command1CaptionId() == kEndCaption) {
+    if (run_.Command1CaptionId() == kMeasureEndText) {
         run_.Stop();
         return;
     }

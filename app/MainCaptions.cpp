@@ -3,12 +3,10 @@
 #include "app/QtText.h"
 #include "app/ui_FrmMenu.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 namespace quorvane {
 namespace {
-
-constexpr int kStartCaption = 223;
-constexpr int kEndCaption = 225;
 
 void SetMenus(Ui::FrmMenu& ui, const Texts& texts)
 {
@@ -25,8 +23,8 @@ void SetMenus(Ui::FrmMenu& ui, const Texts& texts)
         {ui.MenuPreview, kPreviewCommandText},
         {ui.MenuPrint, kPrintCommandText},
         {ui.MenuExit, kExitCommandText},
-        {ui.MenuMeasureStart, kStartCaption},
-        {ui.MenuMeasureEnd, kEndCaption},
+        {ui.MenuMeasureStart, kMeasureStartText},
+        {ui.MenuMeasureEnd, kMeasureEndText},
         {ui.MenuAlarmReset, kAlarmResetText},
         {ui.MenuWholeRun, kWholeRunText},
         {ui.MenuCopyChart, kCopyChartCommandText},

@@ -3,14 +3,13 @@
 #include "app/ModalDialog.h"
 #include "app/QtText.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <QMessageBox>
 #include <QPushButton>
 
 namespace quorvane {
 namespace {
-
-constexpr int kOkText = 128;
 
 QMessageBox::Icon ToolkitIcon(Icon icon)
 {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/SystemTexts.h"
+
 #include <optional>
 #include <string>
 
@@ -13,7 +15,7 @@ enum class Answer { Ok, Yes, No };
 struct Message {
     std::string text; ///< composed, UTF-8
     Icon icon = Icon::None;
-    int titleId = 101; ///< text number of the title, without the language offset
+    int titleId = kProgramNameText; ///< text number of the title, without the language offset
     Buttons buttons = Buttons::Ok;
     Answer unattended = Answer::No; ///< what a question is answered with where nobody can be asked
 };

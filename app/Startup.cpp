@@ -3,13 +3,12 @@
 #include "app/OsKind.h"
 #include "instrument/LocaleAnalysis.h"
 #include "options/LanguageFile.h"
+#include "resources/SystemTexts.h"
 
 #include <algorithm>
 
 namespace quorvane {
 namespace {
-
-constexpr int kAlreadyRunningText = 188;
 
 void RecordProcessors(MachineFacts& machine, const SystemInfo& system)
 {

@@ -1,6 +1,7 @@
 #include "files/DataFile.h"
 
 #include "files/NumberText.h"
+#include "resources/SystemTexts.h"
 
 #include <algorithm>
 #include <string_view>
@@ -48,6 +49,11 @@ void AppendRow(std::string& out, const MeasurementArrays& arrays, std::size_t i,
 }
 
 } // namespace
+
+std::string DataFileFilter(const Texts& texts)
+{
+    return texts[kAllFilesText] + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|";
+}
 
 std::string DataFileText(const MeasurementArrays& arrays, const std::string& dateText,
                          const std::string& factorText, std::int32_t count, std::int16_t layout,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ProgramVersion.h"
+#include "app/Texts.h"
 #include "files/CodePage.h"
 #include "files/FileStore.h"
 #include "files/NumberText.h"
@@ -35,6 +36,11 @@ inline constexpr NumberPattern kIntegratedPattern{.integerDigits = 1, .minDecima
 /// Layouts of a data file.
 inline constexpr std::int16_t kFullLayout = 0;  ///< with the exposure averages
 inline constexpr std::int16_t kShortLayout = 1; ///< without them
+
+/// What a file dialog offers for data files: pairs of description and pattern, as of a `SaveQuestion`, and
+/// the pair chosen at first.
+[[nodiscard]] std::string DataFileFilter(const Texts& texts);
+inline constexpr int kDataFileFilterIndex = 2;
 
 /// How a data file's numbers and its version line are written.
 struct DataFormat {

@@ -1,7 +1,9 @@
 #include "files/OpenCommand.h"
 
+#include "files/DataFile.h"
 #include "files/FileFaultText.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <string_view>
 #include <utility>
@@ -9,11 +11,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int kAllFilesText = 219;
-constexpr int kNotLoadedText = 236;
-constexpr int kBadDateText = 264;
-constexpr int kBadTimeText = 265;
-constexpr int kCsvFilterIndex = 2;
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 /// A spreadsheet that writes UTF-8 says so in front of the text.
@@ -28,10 +25,10 @@ std::string Utf8Text(std::string_view bytes, const CodePage& codePage)
 
 OpenResult OpenCommand::OpenDataFile(const Replaced& replaced)
 {
-    const std::optional<std::string> path = world_.prompts.AskOpenName(
-        {.filter = world_.texts[kAllFilesText] + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|",
-         .filterIndex = kCsvFilterIndex,
-         .folder = state_.DefaultFolder});
+    const std::optional<std::string> path =
+        world_.prompts.AskOpenName({.filter = DataFileFilter(world_.texts),
+                                    .filterIndex = kDataFileFilterIndex,
+                                    .folder = state_.DefaultFolder});
     return path ? OpenPath(*path, replaced) : OpenResult::Cancelled;
 }
 

@@ -4,28 +4,21 @@
 #include "files/DataFile.h"
 #include "files/FileFaultText.h"
 #include "instrument/DateTimeText.h"
+#include "resources/SystemTexts.h"
 
 namespace quorvane {
-namespace {
-
-constexpr int kTitleText = 101;
-constexpr int kAllFilesText = 219;
-constexpr int kNotSavedText = 235;
-constexpr int kCsvFilterIndex = 2;
-
-} // namespace
 
 SaveResult SaveCommand::SaveMeasurement()
 {
     if (state_.DataPresent != 1)
         return SaveResult::NothingToSave;
-    const std::optional<std::string> path = world_.prompts.AskSaveName(
-        {.filter = world_.texts[kAllFilesText] + " (*.*)|*.*|CSV FILE (*.csv)|*.CSV|",
-         .filterIndex = kCsvFilterIndex,
-         .overwritePrompt = true,
-         .defaultName = "",
-         .folder = state_.DefaultFolder,
-         .extension = "csv"});
+    const std::optional<std::string> path =
+        world_.prompts.AskSaveName({.filter = DataFileFilter(world_.texts),
+                                    .filterIndex = kDataFileFilterIndex,
+                                    .overwritePrompt = true,
+                                    .defaultName = "",
+                                    .folder = state_.DefaultFolder,
+                                    .extension = "csv"});
     if (!path)
         return SaveResult::Cancelled;
     if (state_.DataPresent != 1) // a run began while the dialog was open; its readings are not finished
@@ -72,9 +65,7 @@ std::optional<std::string> SaveCommand::Rescue(std::span<const std::string> fold
 void SaveCommand::TellFailure(const FileFault& fault)
 {
     world_.prompts.Show({.text = world_.texts[kNotSavedText] + "\r\n" + FaultReason(fault, world_.texts),
-                         .icon = Icon::Critical,
-                         .titleId = kTitleText,
-                         .buttons = Buttons::Ok});
+                         .icon = Icon::Critical});
 }
 
 } // namespace quorvane

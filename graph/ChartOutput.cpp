@@ -5,6 +5,7 @@
 #include "files/SaveName.h"
 #include "instrument/DateTimeText.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <QBuffer>
 #include <QClipboard>
@@ -23,7 +24,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int kTitleText = 101;
 constexpr int kPixelRatio = 2; ///< of saved and copied pictures
 constexpr int kDotsPerInch = 96;
 constexpr double kMetresPerInch = 0.0254;
@@ -114,7 +114,7 @@ ChartOutput::ChartOutput(ChartWidget& chart, const ApplicationState& state, cons
 
 ChartPage ChartOutput::Page() const
 {
-    ChartPage page{.title = Shown(texts_[kTitleText]),
+    ChartPage page{.title = Shown(texts_[kProgramNameText]),
                    .facts = ChartFacts(state_, arrays_, texts_, locale_),
                    .notice = arrays_.Simulated ? Shown(texts_[kChartSimulatedText]) : QString(),
                    .charts = {}};
@@ -133,7 +133,7 @@ void ChartOutput::Preview()
 {
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     printer->setPageOrientation(QPageLayout::Landscape);
-    printer->setDocName(Shown(texts_[kTitleText]));
+    printer->setDocName(Shown(texts_[kProgramNameText]));
     auto* const preview = new QPrintPreviewDialog(printer.get(), parent_);
     preview->setAttribute(Qt::WA_DeleteOnClose);
     preview->setWindowTitle(Shown(texts_[kPreviewText]));
@@ -191,7 +191,7 @@ void ChartOutput::SaveImage()
     if (path.size() > answer->size() && QFileInfo::exists(Shown(path)) && !MayReplace(path))
         return;
     const bool pdf = Shown(path).endsWith(u".pdf"_qs, Qt::CaseInsensitive);
-    const QByteArray bytes = pdf ? PdfOf(picture, Shown(texts_[kTitleText])) : PngOf(picture);
+    const QByteArray bytes = pdf ? PdfOf(picture, Shown(texts_[kProgramNameText])) : PngOf(picture);
     if (const auto fault = WriteFile(Shown(path), bytes))
         TellFailure(kPictureNotSavedText, texts_[ReasonText(*fault)]);
 }
@@ -202,7 +202,7 @@ bool ChartOutput::MayReplace(const std::string& path)
     const std::string name = Typed(QFileInfo(Shown(path)).fileName());
     return prompts_.Show({.text = FilledIn(texts_[kReplaceFileText], name),
                           .icon = Icon::Exclamation,
-                          .titleId = kTitleText,
+                          .titleId = kProgramNameText,
                           .buttons = Buttons::YesNo}) == Answer::Yes;
 }
 
@@ -215,7 +215,7 @@ void ChartOutput::TellFailure(int textId, const std::string& reason)
 {
     prompts_.Show({.text = texts_[textId] + (reason.empty() ? "" : "\r\n" + reason),
                    .icon = Icon::Critical,
-                   .titleId = kTitleText,
+                   .titleId = kProgramNameText,
                    .buttons = Buttons::Ok});
 }
 

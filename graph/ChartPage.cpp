@@ -4,6 +4,7 @@
 #include "files/NumberText.h"
 #include "instrument/DateTimeText.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -12,10 +13,6 @@
 
 namespace quorvane {
 namespace {
-
-constexpr int kTwaLimitText = 296;
-constexpr int kStelLimitText = 295;
-constexpr int kCeilingLimitText = 294;
 
 // In 1/96 inch: the printable part of an A4 sheet, and what stands on it.
 constexpr int kLongSide = 1047;

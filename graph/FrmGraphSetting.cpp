@@ -5,6 +5,7 @@
 #include "app/ScopedFlag.h"
 #include "graph/ui_FrmGraphSetting.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <algorithm>
 #include <utility>
@@ -42,11 +43,11 @@ FrmGraphSetting::~FrmGraphSetting() = default;
 void FrmGraphSetting::SetCaptions()
 {
     const auto text = [this](int id) { return Shown(texts_[id]); };
-    setWindowTitle(text(297));
+    setWindowTitle(text(kGraphSettingText));
     for (std::size_t i = 0; i < boxes_.size(); ++i)
         boxes_[i]->setText(Shown(CaptionOf(kGraphChoices[i], texts_)));
-    ui_->Command1->setText(text(128));
-    ui_->Command2->setText(text(129));
+    ui_->Command1->setText(text(kOkText));
+    ui_->Command2->setText(text(kCancelText));
     ui_->RelativeGroup->setTitle(text(kRelativeGroupText));
     ui_->MassGroup->setTitle(text(kMassGroupText));
     ui_->AlarmGroup->setTitle(text(kAlarmGroupText));

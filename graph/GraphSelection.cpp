@@ -3,11 +3,6 @@
 #include <algorithm>
 
 namespace quorvane {
-namespace {
-
-constexpr int kNoGraphText = 300;
-
-} // namespace
 
 std::string CaptionOf(const GraphChoice& choice, const Texts& texts)
 {

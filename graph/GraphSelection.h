@@ -3,6 +3,7 @@
 #include "app/ApplicationState.h"
 #include "app/Prompts.h"
 #include "app/Texts.h"
+#include "resources/SystemTexts.h"
 
 #include <array>
 #include <cstdint>
@@ -23,15 +24,15 @@ struct GraphChoice {
 
 /// The boxes `Check1` to `Check9`.
 inline constexpr std::array<GraphChoice, 9> kGraphChoices = {{
-    {&GraphFlags::RelativeCFlg, GraphGroup::Relative, 197},
-    {&GraphFlags::RelativeIntegratedFlg, GraphGroup::Relative, 199},
-    {&GraphFlags::MassCFlg, GraphGroup::Mass, 272},
-    {&GraphFlags::MassIntegratedFlg, GraphGroup::Mass, 289, 290, 292},
-    {&GraphFlags::MassTWAFlg, GraphGroup::Mass, 285},
-    {&GraphFlags::MassSTELFlg, GraphGroup::Mass, 286},
-    {&GraphFlags::AlarmCFlg, GraphGroup::Alarm, 294},
-    {&GraphFlags::AlarmTWAFlg, GraphGroup::Alarm, 296},
-    {&GraphFlags::AlarmSTELFlg, GraphGroup::Alarm, 295},
+    {&GraphFlags::RelativeCFlg, GraphGroup::Relative, kRelativeText},
+    {&GraphFlags::RelativeIntegratedFlg, GraphGroup::Relative, kRelativeIntegratedText},
+    {&GraphFlags::MassCFlg, GraphGroup::Mass, kMassCeilingText},
+    {&GraphFlags::MassIntegratedFlg, GraphGroup::Mass, kMassText, kIntegratedText, kMassUnitText},
+    {&GraphFlags::MassTWAFlg, GraphGroup::Mass, kMassTwaText},
+    {&GraphFlags::MassSTELFlg, GraphGroup::Mass, kMassStelText},
+    {&GraphFlags::AlarmCFlg, GraphGroup::Alarm, kCeilingLimitText},
+    {&GraphFlags::AlarmTWAFlg, GraphGroup::Alarm, kTwaLimitText},
+    {&GraphFlags::AlarmSTELFlg, GraphGroup::Alarm, kStelLimitText},
 }};
 
 [[nodiscard]] std::string CaptionOf(const GraphChoice& choice, const Texts& texts);

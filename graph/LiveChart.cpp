@@ -1,5 +1,7 @@
 #include "graph/LiveChart.h"
 
+#include "resources/SystemTexts.h"
+
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -12,9 +14,6 @@ constexpr double kRelativeStart = 50; ///< CPM; where the value axis begins, and
 constexpr double kMassStart = 1;      ///< mg/m3
 constexpr double kSpans[] = {0.0006, 0.007, 0.04, 0.2}; ///< days
 constexpr double kClampedSpan = 0.0006;                 ///< days
-
-constexpr int kZoomOnCaption = 226;
-constexpr int kZoomOffCaption = 227;
 
 /// The curves of a reading get their points in this order.
 constexpr ChartSeries kPointOrder[] = {kRelativeSeries, kRelativeIntegratedSeries, kTwaSeries, kStelSeries,
@@ -190,7 +189,7 @@ void LiveChart::TurnZoomOff()
 
 int LiveChart::ZoomCaptionId() const
 {
-    return zoomOn_ ? kZoomOffCaption : kZoomOnCaption;
+    return zoomOn_ ? kZoomOffText : kZoomOnText;
 }
 
 // ---- the steps of a reading -----------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 #include "instrument/DateTimeText.h"
 #include "instrument/LocaleAnalysis.h"
 #include "instrument/LocalePattern.h"
+#include "resources/SystemTexts.h"
 
 #include <algorithm>
 #include <string_view>
@@ -12,8 +13,6 @@ namespace quorvane {
 namespace {
 
 constexpr std::string_view kDigits = "0123456789";
-constexpr int kAfternoonText = 247;
-constexpr int kAfternoonAgainText = 249;
 constexpr int kHalfDay = 12;
 
 /// The program's two words for the afternoon have two characters; the system's own has any number of them,

@@ -61,7 +61,6 @@ LampsLit Exposure::Check(std::int32_t sample, double conc, double twa, double st
     if (sample == 1) {
         StelStart = moment;
         EightHourStart = moment;
-        StelReady = false;
     }
     if (moment - StelStart > kShortTerm)
         StelReady = true;

@@ -4,6 +4,7 @@
 #include "measure/LampView.h"
 #include "measure/LimitBox.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <QLabel>
 
@@ -20,9 +21,9 @@ struct RowTexts {
 
 /// In the order of the rows.
 constexpr std::array<RowTexts, 3> kRows = {{
-    {Lamp::Twa, ":/pictures/lamp-twa-lit.png", 280, kTwaMeaningText, 296},
-    {Lamp::Stel, ":/pictures/lamp-stel-lit.png", 281, kStelMeaningText, 295},
-    {Lamp::Ceiling, ":/pictures/lamp-ceiling-lit.png", 282, kConcMeaningText, 294},
+    {Lamp::Twa, ":/pictures/lamp-twa-lit.png", kTwaNameText, kTwaMeaningText, kTwaLimitText},
+    {Lamp::Stel, ":/pictures/lamp-stel-lit.png", kStelNameText, kStelMeaningText, kStelLimitText},
+    {Lamp::Ceiling, ":/pictures/lamp-ceiling-lit.png", kCeilingNameText, kConcMeaningText, kCeilingLimitText},
 }};
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "files/NumberText.h"
 #include "measure/ui_FrmMeasureSetting.h"
 #include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <utility>
 
@@ -39,15 +40,16 @@ FrmMeasureSetting::~FrmMeasureSetting() = default;
 
 void FrmMeasureSetting::SetCaptions(const Texts& texts)
 {
-    setWindowTitle(Shown(texts[222]));
+    setWindowTitle(Shown(texts[kMeasureSettingText]));
     const std::pair<QLabel*, int> labels[] = {
-        {ui_->Label1, 154}, {ui_->Label2, 156}, {ui_->Label3, 260}, {ui_->Label4, 273},
-        {ui_->Label5, 167}, {ui_->Label6, 273}, {ui_->Label7, 216}, {ui_->Label8, 168},
+        {ui_->Label1, kMeasureNumberText}, {ui_->Label2, kSamplingTimeText},  {ui_->Label3, kTotalTimeText},
+        {ui_->Label4, kColonText},         {ui_->Label5, kHoursColonText},    {ui_->Label6, kColonText},
+        {ui_->Label7, kSecondsUnitText},   {ui_->Label8, kBehindSecondsText},
     };
     for (const auto& [label, id] : labels)
         label->setText(Shown(texts[id]));
-    ui_->Command1->setText(Shown(texts[128]));
-    ui_->Command2->setText(Shown(texts[129]));
+    ui_->Command1->setText(Shown(texts[kOkText]));
+    ui_->Command2->setText(Shown(texts[kCancelText]));
 
     const std::pair<QLineEdit*, int> meanings[] = {
         {ui_->Text1, kMeasureNumberTipText}, {ui_->Text2, kSecondCountTipText},

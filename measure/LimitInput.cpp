@@ -2,16 +2,11 @@
 
 #include "app/ApplicationState.h"
 #include "files/NumberText.h"
+#include "resources/SystemTexts.h"
 
 #include <string>
 
 namespace quorvane {
-namespace {
-
-constexpr int kOutOfRangeText = 220;
-constexpr int kInstrumentSettingTitle = 161;
-
-} // namespace
 
 bool LimitInput::TextChanged(std::string_view text, std::string_view decimalSign)
 {
@@ -35,7 +30,7 @@ Message LimitRangeMessage(const Texts& texts)
     text.append("(").append(GeneralText(kLowestAlarmLimit));
     text.append("-").append(GeneralText(kHighestAlarmLimit)).append(")");
     // The title is another dialog's; it is kept as the operators know it.
-    return {.text = text, .icon = Icon::Critical, .titleId = kInstrumentSettingTitle, .buttons = Buttons::Ok};
+    return {.text = text, .icon = Icon::Critical, .titleId = kInstrumentSettingText, .buttons = Buttons::Ok};
 }
 
 } // namespace quorvane

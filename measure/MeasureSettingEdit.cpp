@@ -1,6 +1,7 @@
 #include "measure/MeasureSettingEdit.h"
 
 #include "files/NumberText.h"
+#include "resources/SystemTexts.h"
 
 #include <cmath>
 #include <string>
@@ -8,7 +9,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int kOutOfRangeText = 220;
 constexpr int kHighestMeasureSetting2 = 99;
 constexpr double kSecondsPerHour = 3600;
 constexpr double kSecondsPerMinute = 60;

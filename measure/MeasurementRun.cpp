@@ -1,7 +1,9 @@
 #include "measure/MeasurementRun.h"
 
 #include "app/ScopedFlag.h"
+#include "measure/MeasureSettingEdit.h"
 #include "measure/Pacing.h"
+#include "resources/SystemTexts.h"
 #include "serial/CommandSet.h"
 
 #include <algorithm>
@@ -16,9 +18,6 @@ using std::chrono::floor;
 
 namespace {
 
-constexpr int kInstrumentSettingTitle = 161;
-constexpr int kStartCaption = 223;
-constexpr int kEndCaption = 225;
 constexpr int kUsualSamples = 10000; // a run of more is asked about
 
 /// Between readings the timers come by themselves; a look is for a lost port and for bytes that must not
@@ -85,8 +84,10 @@ MeasurementRun::Refusal MeasurementRun::CheckLimits()
         return std::nullopt;
     const Texts& texts = services_.texts;
     // The title is another dialog's; it is kept as the operators know it.
-    ShowCritical(texts[220] + "\r\n\r\n" + texts[282] + " > " + texts[281] + " > " + texts[280],
-                 kInstrumentSettingTitle);
+    services_.prompts.Show({.text = texts[kOutOfRangeText] + "\r\n\r\n" + texts[kCeilingNameText] + " > " +
+                                    texts[kStelNameText] + " > " + texts[kTwaNameText],
+                            .icon = Icon::Critical,
+                            .titleId = kInstrumentSettingText});
     return RunResult::LimitsDisorder;
 }
 
@@ -97,7 +98,7 @@ MeasurementRun::Refusal MeasurementRun::AskAboutUnsavedData()
     services_.timer2.Disable();
     services_.timer3.Disable();
     const Answer answer = services_.prompts.Show(
-        {.text = services_.texts[228], .icon = Icon::Critical, .buttons = Buttons::YesNo});
+        {.text = services_.texts[kUnsavedText], .icon = Icon::Critical, .buttons = Buttons::YesNo});
     if (answer == Answer::Yes) {
         save_();
         return RunResult::SavedInstead;
@@ -111,15 +112,15 @@ MeasurementRun::Refusal MeasurementRun::CheckPlan()
     const Texts& texts = services_.texts;
     const double total = state_.TotalSamples;
     if (total == 0) {
-        ShowCritical(texts[234]);
+        services_.prompts.Show({.text = texts[kNoReadingsText], .icon = Icon::Critical});
         return RunResult::NoSamples;
     }
     if (!(total >= 1 && total <= kMaxSamples) || total != std::floor(total)) {
-        ShowCritical(texts[220] + "(1-" + std::to_string(kMaxSamples) + ")");
+        services_.prompts.Show(MeasureRangeMessage(MeasureField::MeasureNumber, texts));
         return RunResult::OutOfRange;
     }
     if (state_.SamplingSeconds < 1 || state_.SamplingSeconds > kMaxSamplingSeconds) {
-        ShowCritical(texts[220] + "(1-" + std::to_string(kMaxSamplingSeconds) + ")");
+        services_.prompts.Show(MeasureRangeMessage(MeasureField::SamplingSeconds, texts));
         return RunResult::OutOfRange;
     }
     return AskAboutLongTable();
@@ -130,7 +131,7 @@ MeasurementRun::Refusal MeasurementRun::AskAboutLongTable()
 {
     if (state_.TotalSamples <= kUsualSamples)
         return std::nullopt;
-    const Answer answer = services_.prompts.Show({.text = services_.texts[258],
+    const Answer answer = services_.prompts.Show({.text = services_.texts[kLongTableText],
                                                   .icon = Icon::Exclamation,
                                                   .buttons = Buttons::YesNo,
                                                   .unattended = Answer::Yes});
@@ -162,7 +163,7 @@ MeasurementRun::Refusal MeasurementRun::Connect()
     services_.link.ClosePort();
     if (!ServeRun(0ms)) // stopped, or the program closes
         return RunResult::StoppedAtStart;
-    services_.prompts.Show({.text = services_.texts[218]});
+    services_.prompts.Show({.text = services_.texts[kLineErrorText]});
     return RunResult::LinkFailed;
 }
 
@@ -282,12 +283,13 @@ void MeasurementRun::Fail()
 {
     readFailed_ = true;
     Cancel();
-    services_.prompts.Show({.text = services_.texts[218]});
+    services_.prompts.Show({.text = services_.texts[kLineErrorText]});
 }
 
 int MeasurementRun::Command1CaptionId() const
 {
-    return runState_ == RunState::Idle || runState_ == RunState::Preparing ? kStartCaption : kEndCaption;
+    return runState_ == RunState::Idle || runState_ == RunState::Preparing ? kMeasureStartText
+                                                                           : kMeasureEndText;
 }
 
 void MeasurementRun::ResetAlarms()
@@ -385,11 +387,6 @@ bool MeasurementRun::ServeRun(std::chrono::milliseconds time)
     if (!services_.pump.Serve(time) && CancelRequested == 0)
         Cancel();
     return CancelRequested == 0;
-}
-
-void MeasurementRun::ShowCritical(std::string text, int titleId)
-{
-    services_.prompts.Show({.text = std::move(text), .icon = Icon::Critical, .titleId = titleId});
 }
 
 void MeasurementRun::SetState(RunState state)

@@ -100,7 +100,6 @@ private:
     void Disconnect();
     void SendStopExchange();
     RunResult End(RunResult result);
-    void ShowCritical(std::string text, int titleId = 101);
     void SetState(RunState state);
     [[nodiscard]] bool ServeRun(std::chrono::milliseconds time);
     void Cancel();

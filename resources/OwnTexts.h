@@ -91,7 +91,6 @@ enum OwnText : int {
 
     // The chart: legend in the order of the series, axes, notice.
     kLegendRelativeText = 1121,
-    kLegendFirstText = kLegendRelativeText,
     kLegendMassText = 1122,
     kLegendTwaText = 1123,
     kLegendStelText = 1124,

@@ -1,6 +1,7 @@
 #include "serial/PortLink.h"
 
 #include "app/ScopedFlag.h"
+#include "resources/SystemTexts.h"
 #include "serial/CommandSet.h"
 #include "serial/LineSettingsText.h"
 
@@ -44,7 +45,7 @@ bool PortLink::OpenPort()
         lastFault_ = control_.Open(*device, *line);
 
     if (lastFault_) {
-        prompts_.Show({.text = state_.RsPort + texts_[217]});
+        prompts_.Show({.text = state_.RsPort + texts_[kPortNotUsedText]});
         return false;
     }
     control_.ClearInBuffer();

@@ -103,22 +103,16 @@ TEST(Measure, ASecondCtrlCGivesTheStopExchangeUp)
     EXPECT_EQ(bench.ErrorLog(), "");
 }
 
-TEST(Measure, TellsTheSecondProgramThatThePortIsTaken)
+TEST(Measure, TellsWhyThePortCannotBeUsed)
 {
-    const Bench bench({"--speed", "20"});
-    ChildProgram first = bench.Measure({"--samples", "65500", "--interval", "1", "--speed", "20"});
-    EXPECT_NE(first.NextLine(), "");
-    ChildProgram second = bench.Start({"measure", "--port", bench.Device(), "--samples", "1", "--interval",
-                                       "1", "--output", bench.Folder().Path("second.csv")},
-                                      "second.txt");
-    EXPECT_EQ(second.Wait(), 1);
-    const std::string said = FileBytes(bench.Folder().Path("second.txt"));
-    EXPECT_THAT(said, HasSubstr(bench.Device() + " is not used."));
-    EXPECT_THAT(said, HasSubstr("Another program is using the port."));
-    EXPECT_EQ(FileBytes(bench.Folder().Path("second.csv")), "");
-    first.Signal(SIGINT);
-    static_cast<void>(first.RestOfOutput());
-    EXPECT_EQ(first.Wait(), 0);
+    const Bench bench({});
+    ChildProgram program = bench.Start(
+        {"measure", "--port", "/dev/null", "--samples", "1", "--interval", "1", "--output", bench.Output()},
+        "errors.txt");
+    EXPECT_EQ(program.Wait(), 1);
+    EXPECT_THAT(bench.Said(), HasSubstr("/dev/null is not used."));
+    EXPECT_THAT(bench.Said(), HasSubstr("does not answer as a serial line."));
+    EXPECT_EQ(FileBytes(bench.Output()), "");
 }
 
 TEST(Measure, TakesFromTheSettingsFileWhatIsNotGivenAndLeavesItAlone)

@@ -168,6 +168,14 @@ TEST(Exposure, StartsTheSpanWithTheRunAndAtAReset)
     EXPECT_FALSE(shift.StelAt(450min, 2.5)) << "the count began again";
     EXPECT_FALSE(shift.StelAt(460min, 1));
     EXPECT_TRUE(shift.StelAt(470min, 2.5)) << "distance to the last one is still watched";
+
+    Shift next(kLimits);
+    next.At(0s, 0);
+    next.Begin();
+    next.At(4h, 0);
+    for (int k = 1; k <= 4; ++k)
+        EXPECT_FALSE(next.ExcursionAt(4h + k * 90min)) << k;
+    EXPECT_TRUE(next.StelAt(690min, 2.5)) << "in eight hours of this run, not of the one before";
 }
 
 } // namespace

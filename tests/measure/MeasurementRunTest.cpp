@@ -27,6 +27,7 @@ TEST(MeasurementRun, TakesThePlannedReadingsFromTheInstrument)
     EXPECT_EQ(arrays.IntegratedCount, (std::vector<double>{0, 12, 32, 32}));
     EXPECT_EQ(arrays.IntegratedConc, (std::vector<double>{0, 1.25, 4.25, 4.25}));
     EXPECT_EQ(arrays.ExtraField[1], "1.2");
+    EXPECT_EQ(arrays.Moment[3], std::chrono::local_days(std::chrono::year(2024) / 5 / 1) + 9h + 30min + 3s);
     EXPECT_EQ(arrays.ReplyLine[2], with.lines[1]) << "the line is kept whole";
 
     // Start exchange (two N), D, stop exchange (two N), and a second to settle.

@@ -1,4 +1,3 @@
-#include "instrument/LocalePattern.h"
 #include "platform/posix/LanguageName.h"
 #include "platform/posix/PosixLocaleItems.h"
 #include "platform/posix/StrftimePattern.h"
@@ -41,31 +40,6 @@ TEST(TimePattern, SpeaksPatternLetters)
         EXPECT_EQ(TimePattern(row.what), row.pattern) << row.what;
     for (const std::string_view format : {"%H時%M分%S秒", "%I:%M:%S", "%H:%M:%S %p", ""})
         EXPECT_EQ(TimePattern(format), "HH:mm:ss") << format;
-}
-
-TEST(LocalePattern, TellsTheItemsOfAFormat)
-{
-    struct ItemRow {
-        std::string_view strftimeDate, strftimeTime;
-        std::string date, century, month, day, time, hour;
-    };
-    const ItemRow rows[] = {
-        {"%m/%d/%y", "%r", "/", "0", "1", "1", ":", "1"},
-        {"%e.%m.%Y", "%k.%M.%S", ".", "1", "1", "0", ".", "0"},
-        {"%Y-%-m-%d", "%l:%M:%S %P", "-", "1", "0", "1", ":", "0"},
-        {"%Y年%m月%d日", "%p %I-%M", "/", "1", "1", "1", "-", "1"},
-        {"%d. %m. %Y", "%H%M", ".", "1", "1", "1", "", "1"},
-    };
-    for (const ItemRow& row : rows) {
-        const std::string date = DatePattern(row.strftimeDate);
-        const std::string time = TimePattern(row.strftimeTime);
-        EXPECT_EQ(SeparatorAfter(date, "yMd"), row.date) << date;
-        EXPECT_EQ(CenturyItem(date), row.century) << date;
-        EXPECT_EQ(LeadingZeroItem(date, "M"), row.month) << date;
-        EXPECT_EQ(LeadingZeroItem(date, "d"), row.day) << date;
-        EXPECT_EQ(SeparatorAfter(time, "Hh"), row.time) << time;
-        EXPECT_EQ(LeadingZeroItem(time, "Hh"), row.hour) << time;
-    }
 }
 
 TEST(LanguageName, IsTheEnglishOne)
