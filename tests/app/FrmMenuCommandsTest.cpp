@@ -249,13 +249,22 @@ TEST_F(FrmMenuCommandsTest, RemembersItsLooksInAFileOfTheirOwn)
     EXPECT_EQ(Find<LiveTable>("vaSpread1")->columnWidth(2), 133);
     EXPECT_TRUE(Find<QToolButton>("Span4")->isChecked());
     window.reset();
-    for (const char* damage : {"", "Window=", "Columns=1,2\r\nSpan=9\r\n",
-                               "Columns=9999999,-1,0,x,,1e9,5\r\nWindow=!!!\r\nDivision=AAAA\r\nSpan=-1"}) {
+    for (const char* damage :
+         {"", "Window=", "Columns=1,2\r\nSpan=9\r\n",
+          "Columns=9999999,-1,0,x,,1e9,5\r\nWindow=!!!\r\nDivision=AAAA\r\nSpan=-1",
+          // 9,962,372 pixels wide; parts of 905,969,663 one above the other; none at all
+          "Window=AdnQywADAAAAAAAAAAAAAACYA4QAAAJYAAAAAgAAAAIAmAOEAAACWAAAAAAAAAAAAyAAAAACAAAAAgCYA4QA"
+          "AAJY\r\nDivision=AAAA/wAAAAEAAAACAAABAAAAAQABNf///wEAAAACAA==",
+          "Division=0,0", "Division=-5,2147483647"}) {
         files.files["app/QuorvaneWindow.ini"] = damage;
         Open();
         EXPECT_TRUE(window->isVisible()) << damage;
         EXPECT_TRUE(Find<QToolButton>("Span1")->isChecked()) << damage;
         EXPECT_LT(Find<LiveTable>("vaSpread1")->columnWidth(0), 500) << damage;
+        EXPECT_LT(window->width(), 3000) << damage;
+        EXPECT_EQ(Find<QSplitter>("Splitter")->orientation(), Qt::Horizontal) << damage;
+        EXPECT_LT(Find<QSplitter>("Splitter")->handleWidth(), 20) << damage;
+        EXPECT_GT(Chart().width(), 100) << damage;
         window.reset();
     }
 }
