@@ -72,7 +72,7 @@ void FrmMenu::Connect()
         {ui_->MenuCopyChart, &ChartOutput::Copy},
     };
     for (const auto& [action, picture] : pictures)
-        connect(action, &QAction::triggered, this, [this, made = picture] { Picture(made); });
+        connect(action, &QAction::triggered, this, [this, made = picture] { (output_.*made)(); });
     connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
     connect(ui_->Command1, &QPushButton::clicked, this, &FrmMenu::Command1Click);
     connect(ui_->Command2, &QPushButton::clicked, this, [this] { run_.ResetAlarms(); });
@@ -197,15 +197,6 @@ SaveResult FrmMenu::Save()
     return result;
 }
 
-// ---- the chart's picture --------------------------------------------------------------------------------
-
-/// Changes nothing, and is there while a run goes on.
-void FrmMenu::Picture(void (ChartOutput::*action)())
-{
-    const Command command(*this);
-    (output_.*action)();
-}
-
 // ---- dialogs --------------------------------------------------------------------------------------------
 
 /// The main window cannot be used until the dialog is closed.
@@ -240,10 +231,12 @@ void FrmMenu::MenuGraphSetting()
     chart_.FlagsEdited(before);
 }
 
+/// Can be asked for while a run goes on, and must not hold it up.
 void FrmMenu::MenuVersion()
 {
-    const Command command(*this);
-    ShowDialog(new FrmHelp(state_, parts_.run.texts, this));
+    auto* const dialog = new FrmHelp(state_, parts_.run.texts, this);
+    keeper_.Watch(*dialog);
+    ShowModally(*dialog);
 }
 
 // ---- the end --------------------------------------------------------------------------------------------
