@@ -87,7 +87,6 @@ private:
     void MenuGraphSetting();
     void MenuVersion();
     void ShowDialog(QDialog* dialog);
-    void Picture(void (ChartOutput::*action)());
     [[nodiscard]] Unsaved AskAboutUnsavedData();
     void Exit();
     void PutCloseOff();

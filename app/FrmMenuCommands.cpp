@@ -71,7 +71,7 @@ void FrmMenu::Connect()
         {ui_->MenuCopyChart, &ChartOutput::Copy},
     };
     for (const auto& [action, picture] : pictures)
-        connect(action, &QAction::triggered, this, [this, made = picture] { Picture(made); });
+        connect(action, &QAction::triggered, this, [this, made = picture] { (output_.*made)(); });
     connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
     connect(ui_->Command1, &QPushButton::clicked, this, &FrmMenu::Command1Click);
     connect(ui_->Command2, &QPushButton::clicked, this, [this] { run_.ResetAlarms(); });
@@ -196,15 +196,6 @@ SaveResult FrmMenu::Save()
     const SaveResult result = parts_.saveCommand.SaveMeasurement();
     UpdateCommands();
     return result;
-}
-
-// ---- the chart's picture --------------------------------------------------------------------------------
-
-/// Changes nothing, and is there while a run goes on.
-void FrmMenu::Picture(void (ChartOutput::*action)())
-{
-    const Command command(*this);
-    (output_.*action)();
 }
 
 // ---- dialogs --------------------------------------------------------------------------------------------

@@ -14,4 +14,11 @@ bool RunModally(const QPointer<QDialog>& dialog)
     return !dialog.isNull();
 }
 
+void ShowModally(QDialog& dialog)
+{
+    dialog.setAttribute(Qt::WA_DeleteOnClose);
+    dialog.setModal(true);
+    dialog.show();
+}
+
 } // namespace quorvane

@@ -10,4 +10,9 @@ namespace quorvane {
 /// @return false when the dialog was destroyed meanwhile, by its parent for instance
 [[nodiscard]] bool RunModally(const QPointer<QDialog>& dialog);
 
+/// Shows `dialog` in front of the windows that cannot be used until it is closed, and returns at once: for
+/// what is opened while a run goes on. Events that were served in there, inside the wait for a reading, would
+/// hold up that reading and all later ones. The dialog is destroyed when it has closed.
+void ShowModally(QDialog& dialog);
+
 } // namespace quorvane

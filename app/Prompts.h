@@ -2,6 +2,7 @@
 
 #include "resources/SystemTexts.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -47,6 +48,15 @@ public:
     /// @return the chosen path, UTF-8, or nothing when the operator cancelled
     [[nodiscard]] virtual std::optional<std::string> AskSaveName(const SaveQuestion& question) = 0;
     [[nodiscard]] virtual std::optional<std::string> AskOpenName(const OpenQuestion& question) = 0;
+
+    /// The same as `AskSaveName` for whoever must not be held up: it may return while the dialog is open.
+    /// `chosen` is called with the path, and not at all when the operator cancelled.
+    virtual void AskSaveNameLater(const SaveQuestion& question,
+                                  const std::function<void(const std::string&)>& chosen)
+    {
+        if (const std::optional<std::string> path = AskSaveName(question))
+            chosen(*path);
+    }
 };
 
 } // namespace quorvane

@@ -38,6 +38,17 @@ std::optional<std::string> QtPrompts::AskOpenName(const OpenQuestion& question)
     return NameFrom(new OpenDialog(question, texts_, Parent()));
 }
 
+void QtPrompts::AskSaveNameLater(const SaveQuestion& question,
+                                 const std::function<void(const std::string&)>& chosen)
+{
+    auto* const dialog = new SaveDialog(question, texts_, Parent());
+    QObject::connect(dialog, &QDialog::accepted, dialog, [dialog, chosen] {
+        if (const std::optional<QString> path = dialog->ChosenPath())
+            chosen(Typed(*path));
+    });
+    ShowModally(*dialog);
+}
+
 QWidget* QtPrompts::Parent() const
 {
     QWidget* const modal = QApplication::activeModalWidget();

@@ -21,6 +21,8 @@ public:
     Answer Show(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
     [[nodiscard]] std::optional<std::string> AskOpenName(const OpenQuestion& question) override;
+    void AskSaveNameLater(const SaveQuestion& question,
+                          const std::function<void(const std::string&)>& chosen) override;
 
 private:
     [[nodiscard]] QWidget* Parent() const;

@@ -11,8 +11,9 @@ class QSplitter;
 namespace quorvane {
 
 /// Size, place and division of the main window from one session to the next. They lie in a file of their own,
-/// "QuorvaneWindow.ini" beside the settings: lines "key=value", the toolkit's own descriptions in base 64.
-/// What cannot be read, or does not fit this program, is left out; what cannot be written is forgotten.
+/// "QuorvaneWindow.ini" beside the settings: lines "key=value", sizes in pixels, the place of the window as
+/// the toolkit describes it, in base 64. What cannot be read, or does not fit this program, is left out; what
+/// cannot be written is forgotten.
 class WindowLayout {
 public:
     struct Controls {

@@ -1,5 +1,6 @@
 #include "graph/ChartOutput.h"
 
+#include "app/ModalDialog.h"
 #include "app/QtText.h"
 #include "files/FileFaultText.h"
 #include "files/SaveName.h"
@@ -153,11 +154,11 @@ void ChartOutput::Print()
     printer->setPageOrientation(QPageLayout::Landscape);
     printer->setDocName(Shown(texts_[kTitleText]));
     auto* const dialog = new QPrintDialog(printer.get(), parent_);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
     QObject::connect(dialog, &QDialog::accepted, dialog,
                      [this, printer, page = Page()] { PrintOn(*printer, page); });
-    dialog->open();
+    QObject::connect(dialog, &QObject::destroyed, [printer] {}); // the dialog needs it to its end
+    ShowModally(*dialog);
 }
 
 void ChartOutput::PrintOn(QPrinter& printer, const ChartPage& page)
@@ -176,19 +177,20 @@ void ChartOutput::PrintOn(QPrinter& printer, const ChartPage& page)
 
 void ChartOutput::SaveImage()
 {
-    const FrozenChart picture = Picture();
-    const std::optional<std::string> answer =
-        prompts_.AskSaveName({.filter = "PNG (*.png)|*.png|PDF (*.pdf)|*.pdf|",
-                              .filterIndex = 1,
-                              .overwritePrompt = true,
-                              .defaultName = "Quorvane-" + FileStamp(clock_.Now()),
-                              .folder = state_.DefaultFolder,
-                              .extension = "png"});
-    if (!answer)
-        return;
+    prompts_.AskSaveNameLater({.filter = "PNG (*.png)|*.png|PDF (*.pdf)|*.pdf|",
+                               .filterIndex = 1,
+                               .overwritePrompt = true,
+                               .defaultName = "Quorvane-" + FileStamp(clock_.Now()),
+                               .folder = state_.DefaultFolder,
+                               .extension = "png"},
+                              [this, picture = Picture()](const std::string& name) { Save(picture, name); });
+}
+
+void ChartOutput::Save(const FrozenChart& picture, const std::string& name)
+{
     // A name that is still without an extension was typed while the other kind was chosen.
-    const std::string path = WithExtension(Typed(QFileInfo(Shown(*answer)).filePath()), "pdf");
-    if (path.size() > answer->size() && QFileInfo::exists(Shown(path)) && !MayReplace(path))
+    const std::string path = WithExtension(Typed(QFileInfo(Shown(name)).filePath()), "pdf");
+    if (path.size() > name.size() && QFileInfo::exists(Shown(path)) && !MayReplace(path))
         return;
     const bool pdf = Shown(path).endsWith(u".pdf"_qs, Qt::CaseInsensitive);
     const QByteArray bytes = pdf ? PdfOf(picture, Shown(texts_[kProgramNameText])) : PngOf(picture);

@@ -10,7 +10,7 @@ class QPrinter;
 namespace quorvane {
 
 /// The chart on paper, in files and on the clipboard: as it stood when it was asked for, whatever is
-/// measured while dialogs are open.
+/// measured while dialogs are open; they hold nothing up.
 class ChartOutput {
 public:
     /// @param parent  of the dialogs
@@ -18,7 +18,8 @@ public:
                 const Texts& texts, const LocaleItems& locale, const LocalClock& clock, Prompts& prompts,
                 QWidget* parent);
 
-    /// Shows the page in a window of its own; returns at once and holds nothing up.
+    // These return at once, and the dialogs follow.
+    /// Shows the page in a window of its own.
     void Preview();
     /// Asks for the printer and prints the page. Returns at once: a run that goes on takes its readings while
     /// the dialog is open.
@@ -26,6 +27,7 @@ public:
     /// Asks for a name and saves the chart, as large as on the screen: as a picture of twice the screen's
     /// pixels, or as a page of lines and texts when the name ends in ".pdf".
     void SaveImage();
+
     /// Puts the same picture onto the clipboard.
     void Copy();
 
@@ -36,6 +38,7 @@ public:
 
 private:
     [[nodiscard]] FrozenChart Picture() const;
+    void Save(const FrozenChart& picture, const std::string& name);
     [[nodiscard]] bool MayReplace(const std::string& path);
     void TellFailure(int textId, const std::string& reason);
 

@@ -132,7 +132,7 @@ void BarSeries::draw(QCPPainter* painter)
     applyDefaultAntialiasingHint(painter);
     painter->setPen(pen());
     painter->setBrush(Qt::NoBrush);
-    const int base = qRound(valueAxis()->coordToPixel(0));
+    const int base = PixelOf({0, valueAxis()->coordToPixel(0)}).y();
     const int across = qRound(width);
     for (Iterator point = begin; point != end; ++point) {
         const QPoint top = PixelOf(coordsToPixels(point->key, point->value));

@@ -256,6 +256,8 @@ void ChartWidget::ZoomBy(double factor, QPointF around)
 QRect ChartWidget::Band(QPoint corner) const
 {
     const QRect area = CurveArea();
+    if (area.isEmpty()) // the chart has shrunk since
+        return {};
     const QPoint inside(std::clamp(corner.x(), area.left(), area.right()),
                         std::clamp(corner.y(), area.top(), area.bottom()));
     return {QPoint(std::min(dragStart_.x(), inside.x()), std::min(dragStart_.y(), inside.y())),

@@ -2,9 +2,11 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QMenu>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -50,7 +52,6 @@ LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(th
     copy_->setShortcut(QKeySequence::Copy);
     copy_->setShortcutContext(Qt::WidgetShortcut);
     addAction(copy_);
-    setContextMenuPolicy(Qt::ActionsContextMenu);
     connect(copy_, &QAction::triggered, this, [this] { CopySelection(); });
 }
 
@@ -79,6 +80,16 @@ QSize LiveTable::minimumSizeHint() const
     const int rows = kRowsInSight * verticalHeader()->defaultSectionSize();
     return {QTableView::minimumSizeHint().width(),
             horizontalHeader()->sizeHint().height() + rows + 2 * frameWidth()};
+}
+
+/// The toolkit's own menu of actions serves the events itself until it is closed, and so would hold up a
+/// reading.
+void LiveTable::contextMenuEvent(QContextMenuEvent* event)
+{
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(copy_);
+    menu->popup(event->globalPos());
 }
 
 void LiveTable::updateGeometries()

@@ -21,6 +21,7 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void updateGeometries() override;
 
 private:

@@ -189,6 +189,18 @@ TEST_F(FrmMenuClosingTest, EndsInOrderWhateverComesAtWhateverMoment)
          },
          true},
         {"exit by the menu", [this] { Trigger("MenuExit"); }, true},
+        {"about box, then close",
+         [this] {
+             Trigger("MenuVersion");
+             window->close();
+         },
+         true},
+        {"span, zoom and whole run",
+         [this] {
+             for (const char* button : {"Span4", "Command4", "Span1", "Command3"})
+                 Click(button);
+         },
+         false},
     };
     for (const bool simulated : {false, true}) {
         for (const Event& event : events) {

@@ -3,6 +3,7 @@
 #include "app/QtTickTimer.h"
 
 #include <QApplication>
+#include <QObject>
 #include <QTimer>
 #include <gtest/gtest.h>
 #include <string>
@@ -16,13 +17,14 @@ using std::chrono::steady_clock;
 
 struct QtEventPumpTest : testing::Test {
     QtEventPump pump;
+    QObject timers;
     std::string events;
 
-    /// Runs `handler` once, `delay` from now, in whatever serves events then.
+    /// Runs `handler` once, `delay` from now, in whatever serves events then while this test goes on.
     template <typename Handler>
-    static void After(std::chrono::milliseconds delay, Handler handler)
+    void After(std::chrono::milliseconds delay, Handler handler)
     {
-        QTimer::singleShot(delay, Qt::PreciseTimer, qApp, handler);
+        QTimer::singleShot(delay, Qt::PreciseTimer, &timers, handler);
     }
     void Note(const std::string& what) { events += what + " "; }
 };

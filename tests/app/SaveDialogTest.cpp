@@ -71,6 +71,20 @@ struct SaveDialogTest : testing::Test {
     }
 };
 
+TEST_F(SaveDialogTest, CanBeAskedWithoutHoldingAnythingUp)
+{
+    std::string chosen;
+    for (const bool saves : {false, true}) {
+        prompts.AskSaveNameLater(question, [&](const std::string& path) { chosen = path; });
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        saves ? Save(u"out.csv"_qs)(*dialog) : dialog->reject();
+        EXPECT_EQ(chosen, saves ? Path(u"out.csv"_qs) : "");
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
 TEST_F(SaveDialogTest, AQuotationMarkIsPartOfTheName)
 {
     someone.Does({Save(u"12\" pipe"_qs)});

@@ -204,10 +204,11 @@ TEST_F(ChartOutputTest, PreviewHoldsNothingUpAndGoesWhenClosed)
 TEST_F(ChartOutputTest, PrintCanBeCancelled)
 {
     output.Print();
-    auto* const dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
+    const QPointer<QWidget> dialog = QApplication::activeModalWidget();
+    ASSERT_FALSE(dialog.isNull());
     QTest::keyClick(dialog, Qt::Key_Escape);
-    EXPECT_FALSE(dialog->isVisible());
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(dialog.isNull());
     EXPECT_THAT(prompts.messages, SizeIs(0));
 }
 

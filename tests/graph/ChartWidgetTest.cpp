@@ -104,6 +104,17 @@ TEST_F(ChartWidgetTest, DraggingZoomsBothAxesAndUndoGoesBack)
     EXPECT_EQ(chart.LeftMaximum(), 10);
 }
 
+TEST_F(ChartWidgetTest, AChartThatShrinksAwayUnderTheMouseDoesNotZoom)
+{
+    chart.SetMouseZoom(true);
+    QTest::mousePress(&chart, Qt::LeftButton, {}, Place(0.2, 0.2));
+    chart.resize(20, 20);
+    chart.RepaintNow();
+    QTest::mouseMove(&chart, {10, 10});
+    QTest::mouseRelease(&chart, Qt::LeftButton, {}, {10, 10});
+    EXPECT_EQ(zooms, 0);
+}
+
 TEST_F(ChartWidgetTest, NothingZoomsWhileZoomIsOff)
 {
     chart.SetMouseZoom(true);
@@ -207,6 +218,25 @@ TEST_F(ChartWidgetTest, BarsAreClearOutlinesWhereThereIsRoom)
     EXPECT_EQ(image.pixel(Place(0.53, 0.53)), kYellow); // its top
     EXPECT_EQ(image.pixel(Place(0.53, 0.33)), kPanel);
     EXPECT_EQ(image.pixel(Place(0.53 - half, 0.33)), kYellow);
+}
+
+TEST_F(ChartWidgetTest, BarsAreThereHoweverFarBelowTheirBaseIs)
+{
+    for (const double share : {0.2, 0.5, 0.8})
+        chart.AddPoint(kRelativeIntegratedSeries, kStart + share * kWidth, 5e9);
+    chart.SetLeftMaximum(5e9);
+    chart.SetMouseZoom(true);
+    for (int i = 0; i < 12; ++i) { // the height becomes a part in a billion, and so does the time
+        Turn(Place(0.5, 0.99), 8);
+        chart.SetBottomMinimum(kStart);
+        chart.SetBottomMaximum(kStart + kWidth);
+    }
+    EXPECT_LT(chart.LeftMaximum() - chart.LeftMinimum(), 10);
+    const QImage image = Screen();
+    int yellow = 0;
+    for (int x = 0; x < image.width(); ++x)
+        yellow += image.pixel(x, Place(0.5, 0.05).y()) == kYellow ? 1 : 0;
+    EXPECT_GT(yellow, 2);
 }
 
 TEST_F(ChartWidgetTest, AnEarlierReadingIsSortedIn)
