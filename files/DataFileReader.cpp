@@ -325,8 +325,11 @@ std::optional<DataFileFault> ReadDataFile(std::string_view text, DataFileContent
         return fault;
     arrays.Averages = heading.full;
     arrays.FileDate = heading.date;
-    if (heading.count > 0 && heading.factor > 0)
+    if (heading.factor > 0) {
+        arrays.ExtraField.resize(
+            std::max<std::size_t>(arrays.ExtraField.size(), 2)); // a file without rows, too
         arrays.ExtraField[1] = GeneralText(heading.factor * 1000);
+    }
     contents = {std::move(arrays), heading.count, heading.full ? kFullLayout : kShortLayout};
     return std::nullopt;
 }

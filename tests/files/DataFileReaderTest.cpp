@@ -49,7 +49,7 @@ DataFileContents Contents(std::string_view text)
 std::string Written(const DataFileContents& contents, const std::string& decimalSign)
 {
     const auto& arrays = contents.arrays;
-    return DataFileText(arrays, arrays.FileDate, contents.count > 0 ? arrays.ExtraField.at(1) : "",
+    return DataFileText(arrays, arrays.FileDate, arrays.ExtraField.size() > 1 ? arrays.ExtraField.at(1) : "",
                         contents.count, contents.layout, {.decimalSign = decimalSign, .version = {2, 0, 2}});
 }
 
@@ -129,7 +129,9 @@ TEST(DataFileReader, TakesWhatSpreadsheetsAndEditorsMakeOfAFile)
     const DataFileContents trimmed =
         Contents(With(kPoint, "00:00:00,48,1,0.508,0.509,60,1.016", "0:00:00,48,1,1,2,60,3"));
     EXPECT_THAT(trimmed.arrays.IntegratedConc, ElementsAre(0, 0.016, 3)) << "\".0\" taken away";
-    EXPECT_EQ(Contents(kTop + "Data,0\r\nK Factor,0\r\n" + kFull).arrays.MeasureTime.size(), 1U);
+    const DataFileContents empty = Contents(kTop + "Data,0\r\nK Factor,0.0013\r\n" + kFull);
+    EXPECT_EQ(empty.arrays.MeasureTime.size(), 1U);
+    EXPECT_THAT(Written(empty, "."), testing::HasSubstr("K Factor,0.0013")); // is not lost with the rows
     EXPECT_EQ(Contents(kShortComma).arrays.ExtraField[1], "") << "a factor that was not told";
 }
 
