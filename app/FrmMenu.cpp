@@ -151,7 +151,9 @@ void FrmMenu::SetCaptions()
 void FrmMenu::ShowTitle()
 {
     const QString program = Shown(parts_.run.texts[kProgramNameText]);
-    setWindowTitle(openedName_.isEmpty() ? program + u"[*]"_qs : openedName_ + u"[*] - "_qs + program);
+    QString file = openedName_;
+    file.replace(u"[*]"_qs, u"[*][*]"_qs); // or the toolkit takes it for its mark of unsaved readings
+    setWindowTitle(file.isEmpty() ? program + u"[*]"_qs : file + u"[*] - "_qs + program);
 }
 
 void FrmMenu::ShowMode()
