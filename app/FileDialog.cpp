@@ -102,9 +102,9 @@ void FileDialog::SetFilters(const Look& look)
     });
 }
 
-bool FileDialog::IsFilterChosen(int filterIndex) const
+int FileDialog::ChosenFilter() const
 {
-    return types_ != nullptr && types_->currentIndex() == filterIndex - 1;
+    return types_ == nullptr ? 0 : types_->currentIndex() + 1;
 }
 
 void FileDialog::accept()
@@ -115,9 +115,11 @@ void FileDialog::accept()
         QFileDialog::accept(); // enters it
         return;
     }
-    const QString path = FinalPath(typed.first());
-    if (!CanBeTaken(path)) // nothing is touched after this: the dialog may have ended with its window
-        return;
+    Consider(FinalPath(typed.first()));
+}
+
+void FileDialog::Take(const QString& path)
+{
     chosen_ = QDir::toNativeSeparators(path);
     done(Accepted);
 }
@@ -134,7 +136,7 @@ QStringList FileDialog::TypedPaths() const
 
 void FileDialog::Refuse(int textId)
 {
-    ShowMessageBox({.text = texts_[textId], .icon = Icon::Exclamation}, texts_, this);
+    ShowMessageBoxLater({.text = texts_[textId], .icon = Icon::Exclamation}, texts_, this);
 }
 
 } // namespace quorvane

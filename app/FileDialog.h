@@ -36,10 +36,12 @@ protected:
 
     /// The path that `typed` stands for.
     [[nodiscard]] virtual QString FinalPath(const QString& typed) const { return typed; }
-    /// Tells or asks the operator what there is to tell of a path that is no folder as typed.
-    [[nodiscard]] virtual bool CanBeTaken(const QString& path) = 0;
+    /// Takes a path that is no folder as typed, or tells or asks the operator what there is to tell. It must
+    /// not wait for the answer: the dialog may be open while a run goes on.
+    virtual void Consider(const QString& path) = 0;
 
-    [[nodiscard]] bool IsFilterChosen(int filterIndex) const; ///< from 1
+    void Take(const QString& path);
+    [[nodiscard]] int ChosenFilter() const; ///< from 1; 0 when it is not known
     [[nodiscard]] const Texts& ProgramTexts() const { return texts_; }
     void Refuse(int textId);
 

@@ -24,39 +24,66 @@ QMessageBox::Icon ToolkitIcon(Icon icon)
     return QMessageBox::NoIcon;
 }
 
+/// A box and what its buttons mean.
+struct AnswerBox {
+    QPointer<QMessageBox> box; ///< its parent may end before it
+    QAbstractButton* yes = nullptr;
+    QAbstractButton* no = nullptr;
+    Answer otherwise = Answer::Ok; ///< of Enter, and of a box without an answer
+
+    [[nodiscard]] Answer Given() const
+    {
+        const QAbstractButton* const clicked = box->clickedButton();
+        if (clicked != nullptr && clicked == yes)
+            return Answer::Yes;
+        return clicked != nullptr && clicked == no ? Answer::No : otherwise;
+    }
+};
+
+AnswerBox NewBox(const Message& message, const Texts& texts, QWidget* parent, WayOut wayOut)
+{
+    AnswerBox made{.box = new QMessageBox(parent)};
+    QMessageBox& box = *made.box;
+    box.setWindowTitle(Shown(texts[message.titleId]));
+    box.setIcon(ToolkitIcon(message.icon));
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box.setText(Shown(message.text).replace(u"\r\n"_qs, u"\n"_qs));
+    if (message.buttons == Buttons::Ok) {
+        box.addButton(Shown(texts[kOkText]), QMessageBox::AcceptRole);
+        return made;
+    }
+    // The toolkit takes a button of the No role for the answer to Escape.
+    const bool escapeIsNo = wayOut == WayOut::EscapeIsNo;
+    auto* const yes = box.addButton(Shown(texts[kYesText]), QMessageBox::YesRole);
+    auto* const no =
+        box.addButton(Shown(texts[kNoText]), escapeIsNo ? QMessageBox::NoRole : QMessageBox::ActionRole);
+    box.setDefaultButton(escapeIsNo ? no : yes);
+    made.yes = yes;
+    made.no = no;
+    made.otherwise = escapeIsNo ? Answer::No : Answer::Yes;
+    return made;
+}
+
 } // namespace
 
 Answer ShowMessageBox(const Message& message, const Texts& texts, QWidget* parent, WayOut wayOut)
 {
-    const QPointer<QMessageBox> box = new QMessageBox(parent); // its parent may end before it
-    box->setWindowTitle(Shown(texts[message.titleId]));
-    box->setIcon(ToolkitIcon(message.icon));
-    box->setTextFormat(Qt::PlainText);
-    box->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    box->setText(Shown(message.text).replace(u"\r\n"_qs, u"\n"_qs));
-
-    if (message.buttons == Buttons::Ok) {
-        box->addButton(Shown(texts[kOkText]), QMessageBox::AcceptRole);
-        if (RunModally(box.data()))
-            delete box;
-        return Answer::Ok;
-    }
-
-    // The toolkit takes a button of the No role for the answer to Escape.
-    const bool escapeIsNo = wayOut == WayOut::EscapeIsNo;
-    auto* const yes = box->addButton(Shown(texts[kYesText]), QMessageBox::YesRole);
-    auto* const no =
-        box->addButton(Shown(texts[kNoText]), escapeIsNo ? QMessageBox::NoRole : QMessageBox::ActionRole);
-    box->setDefaultButton(escapeIsNo ? no : yes);
-    Answer answer = escapeIsNo ? Answer::No : Answer::Yes;
-    if (!RunModally(box.data()))
-        return answer;
-    if (box->clickedButton() == yes)
-        answer = Answer::Yes;
-    if (box->clickedButton() == no)
-        answer = Answer::No;
-    delete box;
+    const AnswerBox box = NewBox(message, texts, parent, wayOut);
+    if (!RunModally(box.box.data()))
+        return box.otherwise;
+    const Answer answer = box.Given();
+    delete box.box;
     return answer;
+}
+
+void ShowMessageBoxLater(const Message& message, const Texts& texts, QWidget* parent,
+                         const std::function<void(Answer)>& answered, WayOut wayOut)
+{
+    const AnswerBox box = NewBox(message, texts, parent, wayOut);
+    if (answered)
+        QObject::connect(box.box, &QDialog::finished, box.box, [box, answered] { answered(box.Given()); });
+    ShowModally(*box.box);
 }
 
 } // namespace quorvane

@@ -3,6 +3,8 @@
 #include "app/Prompts.h"
 #include "app/Texts.h"
 
+#include <functional>
+
 class QWidget;
 
 namespace quorvane {
@@ -19,5 +21,10 @@ enum class WayOut {
 /// @return the answer; when the box was destroyed unanswered, what Enter would have answered
 Answer ShowMessageBox(const Message& message, const Texts& texts, QWidget* parent,
                       WayOut wayOut = WayOut::None);
+
+/// The same in front of `parent` without serving events, for what may come up while a run goes on: returns at
+/// once. `answered` gets the answer, and is not called when the box is destroyed unanswered.
+void ShowMessageBoxLater(const Message& message, const Texts& texts, QWidget* parent,
+                         const std::function<void(Answer)>& answered = {}, WayOut wayOut = WayOut::None);
 
 } // namespace quorvane

@@ -18,12 +18,12 @@ OpenDialog::OpenDialog(const OpenQuestion& question, const Texts& texts, QWidget
 {
 }
 
-bool OpenDialog::CanBeTaken(const QString& path)
+void OpenDialog::Consider(const QString& path)
 {
-    const bool exists = QFileInfo::exists(path);
-    if (!exists)
+    if (QFileInfo::exists(path))
+        Take(path);
+    else
         Refuse(kFileNotFoundText);
-    return exists;
 }
 
 } // namespace quorvane

@@ -11,7 +11,7 @@ public:
     OpenDialog(const OpenQuestion& question, const Texts& texts, QWidget* parent);
 
 protected:
-    [[nodiscard]] bool CanBeTaken(const QString& path) override;
+    void Consider(const QString& path) override;
 };
 
 } // namespace quorvane

@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace quorvane {
 
@@ -28,9 +29,9 @@ struct SaveQuestion {
     bool overwritePrompt = true;
     std::string defaultName; ///< proposed file name
     std::string folder;      ///< where the dialog starts, UTF-8; the home folder when that does not exist
-    /// What a name typed without an extension gets while the pair `filterIndex` is chosen, without a dot;
-    /// empty: nothing.
-    std::string extension;
+    /// What a name typed without an extension gets while each of the pairs is chosen, without a dot; empty or
+    /// left out: nothing.
+    std::vector<std::string> extensions;
 };
 
 /// A dialog that asks which file to open.
@@ -45,6 +46,9 @@ class Prompts {
 public:
     virtual ~Prompts() = default;
     virtual Answer Show(const Message& message) = 0;
+    /// Shows a message that needs no answer, for whoever must not be held up: it may return while the message
+    /// is on the screen.
+    virtual void Tell(const Message& message) { Show(message); }
     /// @return the chosen path, UTF-8, or nothing when the operator cancelled
     [[nodiscard]] virtual std::optional<std::string> AskSaveName(const SaveQuestion& question) = 0;
     [[nodiscard]] virtual std::optional<std::string> AskOpenName(const OpenQuestion& question) = 0;

@@ -28,6 +28,11 @@ Answer QtPrompts::Show(const Message& message)
     return ShowMessageBox(message, texts_, Parent());
 }
 
+void QtPrompts::Tell(const Message& message)
+{
+    ShowMessageBoxLater(message, texts_, Parent());
+}
+
 std::optional<std::string> QtPrompts::AskSaveName(const SaveQuestion& question)
 {
     return NameFrom(new SaveDialog(question, texts_, Parent()));

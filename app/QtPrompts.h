@@ -19,6 +19,7 @@ public:
 
     /// A question cannot be left without an answer: Escape and the close box do nothing to it.
     Answer Show(const Message& message) override;
+    void Tell(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
     [[nodiscard]] std::optional<std::string> AskOpenName(const OpenQuestion& question) override;
     void AskSaveNameLater(const SaveQuestion& question,

@@ -28,29 +28,29 @@ SaveDialog::SaveDialog(SaveQuestion question, const Texts& texts, QWidget* paren
 
 QString SaveDialog::FinalPath(const QString& typed) const
 {
-    if (!IsFilterChosen(question_.filterIndex))
-        return typed;
-    return Shown(WithExtension(Typed(typed), question_.extension));
+    const auto kind = static_cast<std::size_t>(ChosenFilter()) - 1; // none is beyond the last
+    return kind < question_.extensions.size() ? Shown(WithExtension(Typed(typed), question_.extensions[kind]))
+                                              : typed;
 }
 
-bool SaveDialog::CanBeTaken(const QString& path)
+void SaveDialog::Consider(const QString& path)
 {
     const QFileInfo file(path);
-    if (!file.dir().exists()) {
-        Refuse(kFileNotFoundText);
-        return false;
-    }
-    if (file.isDir()) { // with its extension
-        Refuse(kFileNotAFileText);
-        return false;
-    }
+    if (!file.dir().exists())
+        return Refuse(kFileNotFoundText);
+    if (file.isDir()) // with its extension
+        return Refuse(kFileNotAFileText);
     // The toolkit would have asked about the name as typed, without its extension.
     if (!question_.overwritePrompt || !file.exists())
-        return true;
+        return Take(path);
     const Message question = {.text = FilledIn(ProgramTexts()[kReplaceFileText], Typed(file.fileName())),
                               .icon = Icon::Exclamation,
                               .buttons = Buttons::YesNo};
-    return ShowMessageBox(question, ProgramTexts(), this, WayOut::EscapeIsNo) == Answer::Yes;
+    const auto answered = [this, path](Answer answer) {
+        if (answer == Answer::Yes)
+            Take(path);
+    };
+    ShowMessageBoxLater(question, ProgramTexts(), this, answered, WayOut::EscapeIsNo);
 }
 
 } // namespace quorvane

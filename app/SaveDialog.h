@@ -13,7 +13,7 @@ public:
 protected:
     /// With the extension that the question gives.
     [[nodiscard]] QString FinalPath(const QString& typed) const override;
-    [[nodiscard]] bool CanBeTaken(const QString& path) override;
+    void Consider(const QString& path) override;
 
 private:
     const SaveQuestion question_;

@@ -18,7 +18,7 @@ SaveResult SaveCommand::SaveMeasurement()
                                     .overwritePrompt = true,
                                     .defaultName = "",
                                     .folder = state_.DefaultFolder,
-                                    .extension = "csv"});
+                                    .extensions = {"", "csv"}});
     if (!path)
         return SaveResult::Cancelled;
     if (state_.DataPresent != 1) // a run began while the dialog was open; its readings are not finished

@@ -3,7 +3,7 @@
 #include "app/ModalDialog.h"
 #include "app/QtText.h"
 #include "files/FileFaultText.h"
-#include "files/SaveName.h"
+#include "graph/PreviewWindow.h"
 #include "instrument/DateTimeText.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
@@ -16,7 +16,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QSaveFile>
 #include <QStorageInfo>
@@ -132,31 +131,27 @@ FrozenChart ChartOutput::Picture() const
 
 void ChartOutput::Preview()
 {
-    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    printer->setPageOrientation(QPageLayout::Landscape);
-    printer->setDocName(Shown(texts_[kProgramNameText]));
-    auto* const preview = new QPrintPreviewDialog(printer.get(), parent_);
+    const auto print = [this](const ChartPage& page, QPageLayout::Orientation orientation) {
+        AskForPrinter(page, orientation);
+    };
+    auto* const preview = new PreviewWindow(Page(), texts_, print, parent_);
     preview->setAttribute(Qt::WA_DeleteOnClose);
-    preview->setWindowTitle(Shown(texts_[kPreviewText]));
-    QObject::connect(preview, &QPrintPreviewDialog::paintRequested, preview,
-                     [page = Page()](QPrinter* paper) {
-                         QPainter painter;
-                         if (painter.begin(paper))
-                             PaintChartPage(painter, painter.viewport(), page);
-                     });
-    QObject::connect(preview, &QObject::destroyed, [printer] {}); // the dialog needs it to its end
     preview->show();
 }
 
 void ChartOutput::Print()
 {
+    AskForPrinter(Page(), QPageLayout::Landscape);
+}
+
+void ChartOutput::AskForPrinter(const ChartPage& page, QPageLayout::Orientation orientation)
+{
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    printer->setPageOrientation(QPageLayout::Landscape);
-    printer->setDocName(Shown(texts_[kTitleText]));
+    printer->setPageOrientation(orientation);
+    printer->setDocName(page.title);
     auto* const dialog = new QPrintDialog(printer.get(), parent_);
     dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    QObject::connect(dialog, &QDialog::accepted, dialog,
-                     [this, printer, page = Page()] { PrintOn(*printer, page); });
+    QObject::connect(dialog, &QDialog::accepted, dialog, [this, printer, page] { PrintOn(*printer, page); });
     QObject::connect(dialog, &QObject::destroyed, [printer] {}); // the dialog needs it to its end
     ShowModally(*dialog);
 }
@@ -182,30 +177,17 @@ void ChartOutput::SaveImage()
                                .overwritePrompt = true,
                                .defaultName = "Quorvane-" + FileStamp(clock_.Now()),
                                .folder = state_.DefaultFolder,
-                               .extension = "png"},
+                               .extensions = {"png", "pdf"}},
                               [this, picture = Picture()](const std::string& name) { Save(picture, name); });
 }
 
 void ChartOutput::Save(const FrozenChart& picture, const std::string& name)
 {
-    // A name that is still without an extension was typed while the other kind was chosen.
-    const std::string path = WithExtension(Typed(QFileInfo(Shown(name)).filePath()), "pdf");
-    if (path.size() > name.size() && QFileInfo::exists(Shown(path)) && !MayReplace(path))
-        return;
-    const bool pdf = Shown(path).endsWith(u".pdf"_qs, Qt::CaseInsensitive);
+    const QString path = Shown(name);
+    const bool pdf = path.endsWith(u".pdf"_qs, Qt::CaseInsensitive);
     const QByteArray bytes = pdf ? PdfOf(picture, Shown(texts_[kProgramNameText])) : PngOf(picture);
-    if (const auto fault = WriteFile(Shown(path), bytes))
+    if (const auto fault = WriteFile(path, bytes))
         TellFailure(kPictureNotSavedText, texts_[ReasonText(*fault)]);
-}
-
-/// The dialog has not seen the name with its extension.
-bool ChartOutput::MayReplace(const std::string& path)
-{
-    const std::string name = Typed(QFileInfo(Shown(path)).fileName());
-    return prompts_.Show({.text = FilledIn(texts_[kReplaceFileText], name),
-                          .icon = Icon::Exclamation,
-                          .titleId = kProgramNameText,
-                          .buttons = Buttons::YesNo}) == Answer::Yes;
 }
 
 void ChartOutput::Copy()
@@ -215,7 +197,7 @@ void ChartOutput::Copy()
 
 void ChartOutput::TellFailure(int textId, const std::string& reason)
 {
-    prompts_.Show({.text = texts_[textId] + (reason.empty() ? "" : "\r\n" + reason),
+    prompts_.Tell({.text = texts_[textId] + (reason.empty() ? "" : "\r\n" + reason),
                    .icon = Icon::Critical,
                    .titleId = kProgramNameText,
                    .buttons = Buttons::Ok});

@@ -5,6 +5,8 @@
 #include "graph/ChartPage.h"
 #include "graph/ChartWidget.h"
 
+#include <QPageLayout>
+
 class QPrinter;
 
 namespace quorvane {
@@ -39,7 +41,7 @@ public:
 private:
     [[nodiscard]] FrozenChart Picture() const;
     void Save(const FrozenChart& picture, const std::string& name);
-    [[nodiscard]] bool MayReplace(const std::string& path);
+    void AskForPrinter(const ChartPage& page, QPageLayout::Orientation orientation);
     void TellFailure(int textId, const std::string& reason);
 
     ChartWidget& chart_;

@@ -110,6 +110,8 @@ enum OwnText : int {
     kPreviewText = 1146,
     kNotPrintedText = 1147,
     kPictureNotSavedText = 1148,
+    kPortraitText = 1149,
+    kLandscapeText = 1150,
 
     // About the program.
     kAboutTitleText = 1171, ///< %1: the program's name

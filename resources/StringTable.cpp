@@ -215,6 +215,8 @@ constexpr Entry kEntries[] = {
      "グラフを印刷できませんでした。プリンターを確認し、もう一度お試しください。"},
     {kPictureNotSavedText, "The picture of the chart could not be saved.",
      "グラフの画像を保存できませんでした。"},
+    {kPortraitText, "&Upright", "縦(&U)"},
+    {kLandscapeText, "&Across", "横(&A)"},
 
     {kAboutTitleText, "About %1", "%1 について"},
     {kVersionText, "Version %1", "バージョン %1"},

@@ -11,9 +11,9 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <QPointer>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
 #include <QSplitter>
 #include <QTimer>
 #include <QToolBar>
@@ -96,13 +96,13 @@ TEST_F(FrmMenuCommandsTest, PictureCommandsMakeWhatTheySay)
     Measure();
     Trigger("MenuSaveImage");
     ASSERT_EQ(prompts.saveQuestions.size(), 1U);
-    EXPECT_EQ(prompts.saveQuestions[0].extension, "png");
+    EXPECT_THAT(prompts.saveQuestions[0].extensions, ElementsAre("png", "pdf"));
     QApplication::clipboard()->clear();
     Trigger("MenuCopyChart");
     EXPECT_FALSE(QApplication::clipboard()->image().isNull());
-    EXPECT_EQ(window->findChild<QPrintPreviewDialog*>(), nullptr);
+    EXPECT_EQ(window->findChild<QPrintPreviewWidget*>(), nullptr);
     Trigger("MenuPreview");
-    EXPECT_NE(window->findChild<QPrintPreviewDialog*>(), nullptr);
+    EXPECT_NE(window->findChild<QPrintPreviewWidget*>(), nullptr);
 }
 
 /// Whatever served the events itself would do so inside the wait for a reading and hold it up.

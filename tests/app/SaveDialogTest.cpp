@@ -27,7 +27,7 @@ struct SaveDialogTest : testing::Test {
                           .filterIndex = 2,
                           .defaultName = "",
                           .folder = Typed(folder.path()),
-                          .extension = "csv"};
+                          .extensions = {"", "csv"}};
     Operator someone;
 
     SaveDialogTest() { state.LanguageOffset = 10000; }
@@ -82,6 +82,15 @@ TEST_F(SaveDialogTest, CanBeAskedWithoutHoldingAnythingUp)
         EXPECT_EQ(chosen, saves ? Path(u"out.csv"_qs) : "");
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+    Put(u"out.csv"_qs); // and the question about it holds nothing up either
+    chosen.clear();
+    prompts.AskSaveNameLater(question, [&](const std::string& path) { chosen = path; });
+    Save(u"out"_qs)(*qobject_cast<QDialog*>(QApplication::activeModalWidget()));
+    Click(u"Yes"_qs)(*qobject_cast<QDialog*>(QApplication::activeModalWidget()));
+    EXPECT_EQ(chosen, Path(u"out.csv"_qs));
+    prompts.Tell({.text = "read it when you like"});
+    Press(Qt::Key_Escape)(*qobject_cast<QDialog*>(QApplication::activeModalWidget()));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
@@ -102,9 +111,9 @@ TEST_F(SaveDialogTest, TheExtensionIsAddedWhileItsFilterIsChosen)
         Save(u"run"_qs)(dialog);
     }});
     EXPECT_EQ(Ask(), Path(u"run"_qs));
-    question.filterIndex = 1;
+    question.extensions = {"png", "pdf"};
     someone.Does({Save(u"run"_qs)});
-    EXPECT_EQ(Ask(), Path(u"run.csv"_qs));
+    EXPECT_EQ(Ask(), Path(u"run.pdf"_qs));
 }
 
 TEST_F(SaveDialogTest, AnotherFilterListsOtherFilesAndLeavesTheNameAlone)
