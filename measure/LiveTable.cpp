@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -25,6 +26,16 @@ public:
     [[nodiscard]] QSize sizeHint() const override
     {
         return {fontMetrics().horizontalAdvance(QStringLiteral("65500")) + 2 * kNumberMargin, 0};
+    }
+
+protected:
+    /// When the table has scrolled by a row, only the room below the newest number is to be painted. The
+    /// toolkit finds no number there and paints all of them, so the newest one is put into what it sees.
+    void paintEvent(QPaintEvent* event) override
+    {
+        const QRect newest(0, length() - offset() - defaultSectionSize(), width(), defaultSectionSize());
+        QPaintEvent withNewest(event->region().united(newest));
+        QHeaderView::paintEvent(event->rect().top() > newest.top() ? &withNewest : event);
     }
 };
 
