@@ -63,7 +63,8 @@ TEST_F(OpenCommandTest, AsksForACsvFileAndPutsItsReadingsInPlace)
 {
     prompts.openNames = {std::nullopt, "short"};
     EXPECT_EQ(command.OpenDataFile([](const std::string&) { FAIL(); }), OpenResult::Cancelled);
-    EXPECT_EQ(command.OpenDataFile([&](const std::string&) { shown = state.SampleCount; }), OpenResult::Opened);
+    EXPECT_EQ(command.OpenDataFile([&](const std::string&) { shown = state.SampleCount; }),
+              OpenResult::Opened);
 
     EXPECT_EQ(prompts.openQuestions[0].filter, "All Files (*.*)|*.*|CSV FILE (*.csv)|*.CSV|");
     EXPECT_EQ(prompts.openQuestions[0].filterIndex, 2);
