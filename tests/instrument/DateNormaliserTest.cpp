@@ -1,6 +1,5 @@
 #include "instrument/DateNormaliser.h"
 
-#include "instrument/DateTimeText.h"
 #include "tests/support/FixedLocale.h"
 
 #include <gtest/gtest.h>
@@ -65,29 +64,6 @@ TEST(DateNormaliser, GivesTheInstrumentsForm)
         LocaleDescription description;
         EXPECT_EQ(NormalisedDate(row.text, description, locale, kToday), row.date) << row.what;
     }
-}
-
-TEST(DateNormaliser, ReadsWhatTheSystemWritesInEveryOrder)
-{
-    FixedLocale locale;
-    LocaleDescription description; // one for all: what an earlier format left there does not matter
-    const std::string_view orders[][3] = {{"y", "M", "d"}, {"y", "d", "M"}, {"M", "d", "y"},
-                                          {"M", "y", "d"}, {"d", "M", "y"}, {"d", "y", "M"}};
-    for (const auto& order : orders)
-        for (const std::string_view separator : {"/", ".", "-", ". ", " "})
-            for (const auto& [year, monthAndDay] : {std::pair(4, 2), {4, 1}, {2, 2}, {2, 1}}) {
-                locale.shortDateFormat.clear();
-                for (const std::string_view letter : order) {
-                    locale.shortDateFormat.append(locale.shortDateFormat.empty() ? "" : separator);
-                    const int width = letter == "y" ? year : monthAndDay;
-                    locale.shortDateFormat.append(static_cast<std::size_t>(width), letter.front());
-                }
-                const auto normalised = [&](LocalMoment day) {
-                    return NormalisedDate(SystemDateText(day, locale), description, locale, kToday);
-                };
-                EXPECT_EQ(normalised(local_days{2024y / 3 / 5}), "2024/03/05") << locale.shortDateFormat;
-                EXPECT_EQ(normalised(local_days{1999y / 12 / 31}), "1999/12/31") << locale.shortDateFormat;
-            }
 }
 
 } // namespace
