@@ -61,9 +61,6 @@ protected:
 
 private:
     class Command;
-    /// What became of unsaved readings.
-    enum class Unsaved { None, Saved, Discarded, Kept };
-
     void Connect();
     void SetFonts();
     void SetShortcuts();
@@ -87,7 +84,7 @@ private:
     void MenuGraphSetting();
     void MenuVersion();
     void ShowDialog(QDialog* dialog);
-    [[nodiscard]] Unsaved AskAboutUnsavedData();
+    [[nodiscard]] bool SettleUnsavedData();
     void Exit();
     void PutCloseOff();
     Answer Ask(const Message& message);

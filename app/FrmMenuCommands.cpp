@@ -143,7 +143,7 @@ void FrmMenu::MenuOpen()
     if (Busy())
         return;
     const Command command(*this);
-    if (AskAboutUnsavedData() != Unsaved::Kept)
+    if (SettleUnsavedData())
         parts_.openCommand.OpenDataFile([this](const std::string& from) { ShowOpened(from); });
 }
 
@@ -152,7 +152,7 @@ void FrmMenu::Open(const QString& path)
     if (Busy())
         return;
     const Command command(*this);
-    if (AskAboutUnsavedData() != Unsaved::Kept)
+    if (SettleUnsavedData())
         parts_.openCommand.OpenPath(Typed(path), [this](const std::string& from) { ShowOpened(from); });
 }
 
@@ -224,7 +224,7 @@ void FrmMenu::MenuGraphSetting()
     if (Busy())
         return;
     const Command command(*this);
-    static_cast<void>(AskAboutUnsavedData());
+    static_cast<void>(SettleUnsavedData());
     const ChartView before = ViewOf(state_);
     ShowDialog(new FrmGraphSetting(
         state_, parts_.run.texts, [this](const Message& message) { Ask(message); }, this));
@@ -261,7 +261,7 @@ void FrmMenu::closeEvent(QCloseEvent* event)
         return;
     }
     const Command command(*this);
-    const bool mayClose = AskAboutUnsavedData() != Unsaved::Kept; // what is to be saved and is not
+    const bool mayClose = SettleUnsavedData(); // or it would lose what is to be saved and is not
     event->setAccepted(mayClose);
     if (!mayClose)
         return;
@@ -279,16 +279,15 @@ void FrmMenu::PutCloseOff()
         run_.Stop(); // not in its stop exchange: that would give it up
 }
 
-/// Asked before a window closes, a file is opened, or the graph settings come up; a run asks by itself.
-FrmMenu::Unsaved FrmMenu::AskAboutUnsavedData()
+/// The question about unsaved readings, before the window closes, a file is opened, or the graph settings
+/// come up; a run asks by itself. @return false when they are to be saved and are not
+bool FrmMenu::SettleUnsavedData()
 {
     if (state_.DataPresent != 1 || state_.DataSaved != 0)
-        return Unsaved::None;
+        return true;
     const Answer answer =
         Ask({.text = parts_.run.texts[kUnsavedText], .icon = Icon::Critical, .buttons = Buttons::YesNo});
-    if (answer == Answer::No)
-        return Unsaved::Discarded;
-    return Save() == SaveResult::Saved ? Unsaved::Saved : Unsaved::Kept;
+    return answer == Answer::No || Save() == SaveResult::Saved;
 }
 
 /// A message is a command, too: the window does not close behind it.
