@@ -43,6 +43,10 @@ TEST_F(FrmMenuTest, OpensIdleWithTheSettingsRead)
     EXPECT_EQ(window->focusWidget(), Find<QWidget>("Command1"));
     EXPECT_EQ(Label("StatusPort"), "COM1");
     EXPECT_FALSE(Find<QLabel>("SimulatedNotice")->isVisible());
+    names.present = false;
+    devices.changed = true; // the adapter is pulled out
+    Pause();
+    EXPECT_EQ(Label("StatusPort"), "COM1 (not connected)");
 }
 
 TEST_F(FrmMenuTest, SaysThatReadingsAreSimulatedWhereNobodyCanOverlookIt)
