@@ -3,11 +3,7 @@
 #include "files/SaveCommand.h"
 #include "measure/ReadingText.h"
 #include "tests/files/Golden.h"
-#include "tests/support/FakeCodePage.h"
-#include "tests/support/FixedClock.h"
-#include "tests/support/FixedLocale.h"
-#include "tests/support/MemoryFileStore.h"
-#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/FilesWorld.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +13,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class OpenCommandTest : public testing::Test {
+class OpenCommandTest : public testing::Test, protected FilesWorld {
 protected:
     OpenCommandTest()
     {
@@ -44,15 +40,6 @@ protected:
         });
     }
 
-    ApplicationState state;
-    MeasurementArrays arrays;
-    MemoryFileStore store;
-    FakeCodePage codePage;
-    FixedLocale locale;
-    FixedClock clock;
-    ScriptedPrompts prompts;
-    StringTable table{TableLanguage::Japanese};
-    Texts texts{table, state};
     OpenCommand command{state, arrays, {store, codePage, locale, clock, prompts, texts}};
     SaveCommand save{state, arrays, {store, codePage, locale, clock, prompts, texts, {2, 0, 2}}};
     int shown = 0;

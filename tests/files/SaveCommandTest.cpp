@@ -1,10 +1,6 @@
 #include "files/SaveCommand.h"
 
-#include "tests/support/FakeCodePage.h"
-#include "tests/support/FixedClock.h"
-#include "tests/support/FixedLocale.h"
-#include "tests/support/MemoryFileStore.h"
-#include "tests/support/ScriptedPrompts.h"
+#include "tests/support/FilesWorld.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,7 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class SaveCommandTest : public testing::Test {
+class SaveCommandTest : public testing::Test, protected FilesWorld {
 protected:
     SaveCommandTest()
     {
@@ -35,15 +31,6 @@ protected:
         prompts.saveNames = {"/data/run.csv", "/data/run.csv"};
     }
 
-    ApplicationState state;
-    MeasurementArrays arrays;
-    MemoryFileStore store;
-    FakeCodePage codePage;
-    FixedLocale locale;
-    FixedClock clock;
-    ScriptedPrompts prompts;
-    StringTable table{TableLanguage::Japanese};
-    Texts texts{table, state};
     SaveCommand command{state, arrays, {store, codePage, locale, clock, prompts, texts, {2, 0, 2}}};
 };
 
