@@ -144,7 +144,7 @@ TEST_F(FrmMenuCommandsTest, ReadingsComeOnWhileSomethingIsOpen)
 
 // ---- chart ----------------------------------------------------------------------------------------------
 
-TEST_F(FrmMenuCommandsTest, TheChartFollowsTheRunAndComesBackWhenTheNextCannotStart)
+TEST_F(FrmMenuCommandsTest, TheChartFollowsTheRunAndAllComesBackWhenTheNextCannotStart)
 {
     Open();
     EXPECT_EQ(Chart().LeftMaximum(), 1);
@@ -158,7 +158,11 @@ TEST_F(FrmMenuCommandsTest, TheChartFollowsTheRunAndComesBackWhenTheNextCannotSt
     prompts.whileOpen = [this] { EXPECT_EQ(Chart().LeftMaximum(), 1); }; // emptied for the run that fails
     Measure();
     prompts.whileOpen = nullptr;
-    EXPECT_EQ(Chart().LeftMaximum(), 1.2 * 1.25);
+    ExpectIdle();
+    EXPECT_EQ(prompts.messages.size(), 1U);
+    EXPECT_EQ(Chart().LeftMaximum(), 1.2 * 1.25); // and the rest of what was there
+    EXPECT_EQ(Rows(), 3);
+    EXPECT_EQ(Label("ConcNow"), "1.250");
 }
 
 TEST_F(FrmMenuCommandsTest, ZoomChangesCaptionAndPointerAndIsOffWhenARunStarts)

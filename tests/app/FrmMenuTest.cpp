@@ -257,19 +257,6 @@ TEST_F(FrmMenuTest, PressesInQuickSuccessionAreOne)
     EXPECT_THAT(port.sent, ElementsAre("N\r\n", "N\r\n", "D\r\n", "N\r\n", "N\r\n"));
 }
 
-TEST_F(FrmMenuTest, ARunThatCannotStartTakesNothingAway)
-{
-    Open();
-    Measure();
-    state.DataSaved = 1;
-    port.openFault = PortFault{PortFaultKind::Busy, "taken"};
-    Click("Command1");
-    ExpectIdle();
-    EXPECT_EQ(Rows(), 3);
-    EXPECT_EQ(Label("ConcNow"), "1.250");
-    EXPECT_EQ(prompts.messages.size(), 1U);
-}
-
 // ---- saving ---------------------------------------------------------------------------------------------
 
 TEST_F(FrmMenuTest, SavesCancelsAndSurvivesAFailedSave)
