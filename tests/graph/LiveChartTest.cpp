@@ -202,6 +202,12 @@ TEST(LiveChart, ARunThatCouldNotStartShowsTheEarlierOneAgain)
     EXPECT_EQ(with.control.limits, limits);
     EXPECT_TRUE(with.control.simulated);
     EXPECT_EQ(with.chart.Readings(), 2);
+
+    with.state.RunMode = false; // without readings it says what a run would show
+    with.state.SampleCount = 0;
+    with.arrays.Create(0);
+    with.chart.Rebuild();
+    EXPECT_TRUE(with.control.simulated);
 }
 
 TEST(LiveChart, EditedFlagsChartTheReadingsThatAreThere)
