@@ -1,8 +1,8 @@
 #include "measure/ExposureRows.h"
 
+#include "app/CheckedBox.h"
 #include "app/QtText.h"
 #include "measure/LampView.h"
-#include "measure/LimitBox.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 

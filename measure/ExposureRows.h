@@ -10,7 +10,7 @@ class QLabel;
 namespace quorvane {
 
 class LampView;
-class LimitBox;
+class CheckedBox;
 
 /// The controls that belong to one exposure limit.
 struct ExposureRow {
@@ -18,7 +18,7 @@ struct ExposureRow {
     QLabel* name;  ///< what is limited, and below it what the value is
     QLabel* value; ///< large; filled by the `ReadingPanel`
     QLabel* limitLabel;
-    LimitBox* limit;
+    CheckedBox* limit;
 };
 
 /// The captions and lamps of the three exposure rows of the main window: TWA, STEL, ceiling.

@@ -73,7 +73,7 @@ void FrmMeasureSetting::MakeRoom()
 
 /// Every edit brings all boxes up to date, the one that is typed in, too: an emptied one shows 0 at once, and
 /// "05" becomes "5".
-CheckedInputs::Input FrmMeasureSetting::InputOf(LimitBox* box, MeasureField field, const Texts& texts)
+CheckedInputs::Input FrmMeasureSetting::InputOf(CheckedBox* box, MeasureField field, const Texts& texts)
 {
     return {
         .box = box,

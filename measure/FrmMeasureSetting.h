@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/CheckedInputs.h"
 #include "app/LocaleItems.h"
 #include "app/Texts.h"
-#include "measure/CheckedInputs.h"
 #include "measure/MeasureSettingEdit.h"
 
 #include <QDialog>
@@ -29,7 +29,7 @@ public:
 private:
     void SetCaptions(const Texts& texts);
     void MakeRoom();
-    [[nodiscard]] CheckedInputs::Input InputOf(LimitBox* box, MeasureField field, const Texts& texts);
+    [[nodiscard]] CheckedInputs::Input InputOf(CheckedBox* box, MeasureField field, const Texts& texts);
     void Command1Click();
     void ShowAll();
     void ShowTotal();

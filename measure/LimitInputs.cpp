@@ -1,7 +1,7 @@
 #include "measure/LimitInputs.h"
 
+#include "app/CheckedBox.h"
 #include "files/NumberText.h"
-#include "measure/LimitBox.h"
 #include "measure/LimitInput.h"
 
 #include <utility>
@@ -9,7 +9,7 @@
 namespace quorvane {
 namespace {
 
-CheckedInputs::Input InputOf(LimitBox* box, double& limit, const LocaleItems& locale, const Texts& texts)
+CheckedInputs::Input InputOf(CheckedBox* box, double& limit, const LocaleItems& locale, const Texts& texts)
 {
     LimitInput input(limit);
     return {
@@ -26,7 +26,7 @@ CheckedInputs::Input InputOf(LimitBox* box, double& limit, const LocaleItems& lo
 
 } // namespace
 
-LimitInputs::LimitInputs(AlarmLimits& limits, const std::array<LimitBox*, 3>& boxes,
+LimitInputs::LimitInputs(AlarmLimits& limits, const std::array<CheckedBox*, 3>& boxes,
                          const LocaleItems& locale, const Texts& texts,
                          std::function<void(const Message&)> tell)
     : boxes_(boxes),
@@ -35,13 +35,13 @@ LimitInputs::LimitInputs(AlarmLimits& limits, const std::array<LimitBox*, 3>& bo
                InputOf(boxes[2], limits.CAlarm, locale, texts)},
               std::move(tell))
 {
-    for (const LimitBox* const box : boxes_)
+    for (const CheckedBox* const box : boxes_)
         QObject::connect(box, &QLineEdit::returnPressed, &inputs_, [this, box] { inputs_.Check(box); });
 }
 
 void LimitInputs::SetEnabled(bool enabled)
 {
-    for (LimitBox* const box : boxes_)
+    for (CheckedBox* const box : boxes_)
         box->setEnabled(enabled);
 }
 

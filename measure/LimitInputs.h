@@ -1,23 +1,23 @@
 #pragma once
 
 #include "app/ApplicationState.h"
+#include "app/CheckedInputs.h"
 #include "app/LocaleItems.h"
 #include "app/Prompts.h"
 #include "app/Texts.h"
-#include "measure/CheckedInputs.h"
 
 #include <array>
 #include <functional>
 
 namespace quorvane {
 
-class LimitBox;
+class CheckedBox;
 
 /// The three limit inputs of the main window: `Text1` TWA, `Text2` STEL, `Text3` ceiling. They behave alike.
 class LimitInputs final {
 public:
     /// @param tell  shows a message and returns when the operator has read it
-    LimitInputs(AlarmLimits& limits, const std::array<LimitBox*, 3>& boxes, const LocaleItems& locale,
+    LimitInputs(AlarmLimits& limits, const std::array<CheckedBox*, 3>& boxes, const LocaleItems& locale,
                 const Texts& texts, std::function<void(const Message&)> tell);
 
     /// Shows the limits as they are stored. That is no change by the operator.
@@ -28,7 +28,7 @@ public:
     void SetEnabled(bool enabled);
 
 private:
-    std::array<LimitBox*, 3> boxes_;
+    std::array<CheckedBox*, 3> boxes_;
     CheckedInputs inputs_;
 };
 

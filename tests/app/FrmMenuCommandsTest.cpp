@@ -1,6 +1,6 @@
+#include "app/CheckedBox.h"
 #include "graph/ChartWidget.h"
 #include "measure/LampView.h"
-#include "measure/LimitBox.h"
 #include "tests/support/Operator.h"
 #include "tests/support/WindowWorld.h"
 
@@ -207,8 +207,8 @@ TEST_F(FrmMenuCommandsTest, TheChartTellsTheReadingUnderTheMouseAndFollowsTheLim
         return Chart().grab().toImage();
     };
     const QImage before = picture();
-    Find<LimitBox>("Text1")->selectAll();
-    QTest::keyClicks(Find<LimitBox>("Text1"), QStringLiteral("0.5"));
+    Find<CheckedBox>("Text1")->selectAll();
+    QTest::keyClicks(Find<CheckedBox>("Text1"), QStringLiteral("0.5"));
     const QImage lower = picture();
     EXPECT_NE(lower.copy(Chart().CurveArea()), before.copy(Chart().CurveArea()));
     QTest::mouseMove(&Chart(), Chart().CurveArea().center());

@@ -1,5 +1,5 @@
+#include "app/CheckedBox.h"
 #include "measure/LampView.h"
-#include "measure/LimitBox.h"
 #include "measure/LiveTable.h"
 #include "tests/support/WindowWorld.h"
 
@@ -37,9 +37,9 @@ TEST_F(FrmMenuTest, OpensIdleWithTheSettingsRead)
     EXPECT_EQ(Find<LiveTable>("vaSpread1")->font().families().front(), QStringLiteral("MS PGothic"));
     EXPECT_LE(window->minimumSizeHint().width(), 1024);
     EXPECT_FALSE(Enabled("MenuSave"));
-    EXPECT_EQ(Find<LimitBox>("Text1")->text(), QStringLiteral("0.05"));
-    EXPECT_EQ(Find<LimitBox>("Text2")->text(), QStringLiteral("1.5"));
-    EXPECT_EQ(Find<LimitBox>("Text3")->text(), QStringLiteral("10"));
+    EXPECT_EQ(Find<CheckedBox>("Text1")->text(), QStringLiteral("0.05"));
+    EXPECT_EQ(Find<CheckedBox>("Text2")->text(), QStringLiteral("1.5"));
+    EXPECT_EQ(Find<CheckedBox>("Text3")->text(), QStringLiteral("10"));
     EXPECT_EQ(window->focusWidget(), Find<QWidget>("Command1"));
     EXPECT_EQ(Label("StatusPort"), "COM1");
     EXPECT_FALSE(Find<QLabel>("SimulatedNotice")->isVisible());
@@ -115,7 +115,7 @@ TEST_F(FrmMenuTest, MeasuresWithOneClickAndShowsWhatItReads)
         EXPECT_EQ(Caption(), "Measure End");
         EXPECT_FALSE(Enabled("MenuMeasureStart") || Enabled("MenuSave"));
         EXPECT_TRUE(Enabled("MenuMeasureEnd"));
-        EXPECT_FALSE(Find<LimitBox>("Text2")->isEnabled());
+        EXPECT_FALSE(Find<CheckedBox>("Text2")->isEnabled());
         EXPECT_EQ(Label("StatusState"), "Measuring");
     };
     Measure();

@@ -1,4 +1,4 @@
-#include "measure/LimitBox.h"
+#include "app/CheckedBox.h"
 #include "tests/support/WindowWorld.h"
 
 #include <gmock/gmock.h>
@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 
 struct LimitInputsTest : testing::Test, WindowWorld {
-    LimitBox* Box(int number) const { return Find<LimitBox>(("Text" + std::to_string(number)).c_str()); }
+    CheckedBox* Box(int number) const { return Find<CheckedBox>(("Text" + std::to_string(number)).c_str()); }
     void Type(int number, const char* text)
     {
         Box(number)->setFocus();

@@ -1,4 +1,4 @@
-#include "measure/LimitBox.h"
+#include "app/CheckedBox.h"
 
 #include <QFocusEvent>
 
@@ -17,7 +17,7 @@ bool IsOperators(Qt::FocusReason reason)
 
 } // namespace
 
-LimitBox::LimitBox(QWidget* parent) : QLineEdit(parent)
+CheckedBox::CheckedBox(QWidget* parent) : QLineEdit(parent)
 {
     setMaxLength(kLongestText);
     setAlignment(Qt::AlignRight);
@@ -26,7 +26,7 @@ LimitBox::LimitBox(QWidget* parent) : QLineEdit(parent)
     setPalette(colours);
 }
 
-void LimitBox::focusInEvent(QFocusEvent* event)
+void CheckedBox::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
     if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
@@ -34,7 +34,7 @@ void LimitBox::focusInEvent(QFocusEvent* event)
     enteredByMouse_ = event->reason() == Qt::MouseFocusReason;
 }
 
-void LimitBox::focusOutEvent(QFocusEvent* event)
+void CheckedBox::focusOutEvent(QFocusEvent* event)
 {
     QLineEdit::focusOutEvent(event);
     enteredByMouse_ = false;
@@ -44,7 +44,7 @@ void LimitBox::focusOutEvent(QFocusEvent* event)
 
 /// The press that brings the focus puts the cursor, and the hand that moves meanwhile drags a selection:
 /// neither is meant.
-void LimitBox::mouseReleaseEvent(QMouseEvent* event)
+void CheckedBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QLineEdit::mouseReleaseEvent(event);
     if (enteredByMouse_)

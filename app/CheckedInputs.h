@@ -10,14 +10,14 @@
 
 namespace quorvane {
 
-class LimitBox;
+class CheckedBox;
 
 /// The number boxes of a window that are looked at while the operator types and checked when he leaves them.
 /// A refused one is told, shows the stored number again, and keeps the focus.
 class CheckedInputs final : public QObject {
 public:
     struct Input {
-        LimitBox* box;
+        CheckedBox* box;
         std::function<bool(std::string_view text)> edited; ///< takes what was typed; false: refused
         std::function<bool(std::string_view text)> left;   ///< whether the box may be left so
         std::function<std::string()> stored;               ///< the number as it is shown
@@ -36,7 +36,7 @@ public:
     /// @return whether none is refused
     [[nodiscard]] bool Validate();
     /// Checks one.
-    bool Check(const LimitBox* box);
+    bool Check(const CheckedBox* box);
 
 private:
     void Edited(const Input& input);

@@ -6,11 +6,11 @@ namespace quorvane {
 
 /// The input of one number that is checked when it is left, an exposure limit for instance. Getting the focus
 /// selects the whole text, so that typing replaces it.
-class LimitBox final : public QLineEdit {
+class CheckedBox final : public QLineEdit {
     Q_OBJECT
 
 public:
-    explicit LimitBox(QWidget* parent = nullptr);
+    explicit CheckedBox(QWidget* parent = nullptr);
 
 Q_SIGNALS:
     /// The operator has gone to another control of the window. A menu, a message box or another program that

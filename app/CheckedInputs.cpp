@@ -1,8 +1,8 @@
-#include "measure/CheckedInputs.h"
+#include "app/CheckedInputs.h"
 
+#include "app/CheckedBox.h"
 #include "app/QtText.h"
 #include "app/ScopedFlag.h"
-#include "measure/LimitBox.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,7 +11,7 @@ namespace quorvane {
 namespace {
 
 /// A Japanese input method writes digits of full width; they are digits all the same.
-std::string TypedText(const LimitBox& box)
+std::string TypedText(const CheckedBox& box)
 {
     return Typed(box.text().normalized(QString::NormalizationForm_KC));
 }
@@ -30,7 +30,7 @@ CheckedInputs::CheckedInputs(std::vector<Input> inputs, std::function<void(const
 {
     for (const Input& input : inputs_) {
         connect(input.box, &QLineEdit::textEdited, this, [this, &input] { Edited(input); });
-        connect(input.box, &LimitBox::Left, this, [this, &input] { Leave(input); });
+        connect(input.box, &CheckedBox::Left, this, [this, &input] { Leave(input); });
     }
 }
 
@@ -44,7 +44,7 @@ bool CheckedInputs::Validate()
     return std::ranges::all_of(inputs_, [this](const Input& input) { return CheckInput(input); });
 }
 
-bool CheckedInputs::Check(const LimitBox* box)
+bool CheckedInputs::Check(const CheckedBox* box)
 {
     const auto input = std::ranges::find(inputs_, box, &Input::box);
     return input == inputs_.end() || CheckInput(*input);
@@ -61,7 +61,7 @@ void CheckedInputs::Edited(const Input& input)
 void CheckedInputs::Leave(const Input& input)
 {
     const auto look = [this, &input] {
-        const LimitBox& box = *input.box;
+        const CheckedBox& box = *input.box;
         const bool givingUp = wayOut_ != nullptr && wayOut_->hasFocus();
         if (!telling_ && !givingUp && box.isVisible() && box.isEnabled() && !box.hasFocus())
             CheckInput(input);
