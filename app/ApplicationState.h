@@ -81,6 +81,12 @@ struct InstrumentProgram {
     double KFactor = 0; ///< mg/m3 per count per minute
 };
 
+/// The computer's clock as the instrument settings showed it last, in the instrument's form.
+struct ShownClock {
+    std::string SystemDateText;
+    std::string SystemTimeText;
+};
+
 /// How the computer-driven measurement runs.
 struct MeasureSettings {
     double TotalSamples = 0; ///< planned readings of a run, 1 to 65500
@@ -133,6 +139,7 @@ struct ApplicationState : ProgramPlace,
                           ComputerSettings,
                           PortSettings,
                           InstrumentProgram,
+                          ShownClock,
                           MeasureSettings,
                           AlarmLimits,
                           GraphFlags,

@@ -180,6 +180,14 @@ enum OwnText : int {
     kWholeRunTipText = 1268,
     kZoomTipText = 1269,
     kReadingsText = 1270, ///< %1: a number of readings
+
+    // Files with a measuring program.
+
+    // The instrument's settings: what the rules say.
+
+    // The dialog that sets the instrument up.
+
+    // Setting the instrument up on the command line.
 };
 
 } // namespace quorvane

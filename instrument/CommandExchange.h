@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "serial/PortLink.h"
+#include "serial/SerialControl.h"
+#include "serial/SerialLog.h"
+
+#include <chrono>
+#include <string>
+#include <string_view>
+
+namespace quorvane {
+
+/// One setting on its way to the instrument, and how its acknowledgement is waited for.
+struct InstrumentCommand {
+    /// Where the waits lie. The measuring program takes the instrument longer than the others.
+    enum class Waiting {
+        BeforeFirstRead, ///< 2000 ms once, then the reads follow each other
+        BeforeEachRead,  ///< three ticks of 100 ms before every read
+    };
+
+    char letter = 0;
+    std::string parameters; ///< what stands behind the letter, without CR LF
+    Waiting waiting = Waiting::BeforeEachRead;
+    bool clearInputFirst = false; ///< drops what was received before
+
+    /// Letter and parameters, as they are shown: "E1.2".
+    [[nodiscard]] std::string Text() const { return letter + parameters; }
+};
+
+enum class ExchangeOutcome {
+    Completed,
+    Failed,    ///< logged; the link check has been run to find the instrument again
+    Cancelled, ///< by the operator, by another exchange, or because the program closes; nothing is logged
+};
+
+/// Sends settings to the instrument and waits for their acknowledgement.
+class CommandExchange {
+public:
+    CommandExchange(const ComputerSettings& mode, PortLink& link, SerialControl& control, SerialLog& log)
+        : mode_(mode), link_(link), control_(control), log_(log)
+    {
+    }
+
+    /// Sends one command over the open port. Up to three reads of four characters are compared with the
+    /// acknowledgement; a fourth read ends the exchange unlooked at, whatever it brings. A failure runs the
+    /// link check first and is logged after it, under the command's name with the last reply and the number
+    /// of reads. With `RunMode` false it has succeeded at once.
+    /// Messages are the caller's.
+    [[nodiscard]] ExchangeOutcome Send(const InstrumentCommand& command);
+
+private:
+    struct Attempt;
+    void Exchange(const InstrumentCommand& command, Attempt& attempt);
+
+    const ComputerSettings& mode_;
+    PortLink& link_;
+    SerialControl& control_;
+    SerialLog& log_;
+};
+
+} // namespace quorvane

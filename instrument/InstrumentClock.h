@@ -1,0 +1,63 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/LocalClock.h"
+#include "app/LocaleItems.h"
+#include "app/Texts.h"
+#include "instrument/CommandExchange.h"
+
+#include <string>
+#include <string_view>
+
+namespace quorvane {
+
+/// The computer's date and time in the instrument's form.
+struct ClockTexts {
+    std::string date; ///< "yyyy/MM/dd"
+    std::string time; ///< "hh:mm:ss"
+};
+
+/// Reads the regional settings into `description`.
+[[nodiscard]] ClockTexts ComputerClock(LocaleDescription& description, const LocaleItems& locale,
+                                       const Texts& texts, LocalMoment now);
+
+/// The command that sets the instrument's clock: "T2024;05;01;09;30;00", each part taken by its position in
+/// the two texts.
+[[nodiscard]] InstrumentCommand ClockCommand(const ClockTexts& clock);
+
+/// Date (characters 1 to 10) and time (12 to 19) of a clock record; empty texts for an empty record.
+[[nodiscard]] ClockTexts CutClockRecord(std::string_view record);
+
+/// Reads the instrument's clock.
+class InstrumentClock {
+public:
+    InstrumentClock(const ComputerSettings& mode, PortLink& link, SerialControl& control, SerialLog& log)
+        : mode_(mode), link_(link), control_(control), log_(log)
+    {
+    }
+
+    /// The "M" exchange: acknowledgement in up to three reads, each behind three ticks of 100 ms, a fourth
+    /// read fails; then up to 100 reads without a wait in between for the record of 21 characters.
+    /// A failure is logged as "M Command" and the received characters are dropped; nothing is shown. Over a
+    /// closed port nothing is sent and nothing logged: this is called every second.
+    /// With `RunMode` false it touches no port: `computer`, joined by ";", is the result.
+    /// @return the record, "yyyy/MM/dd hh:mm:ss" and CR LF; empty after a failure and when it was cancelled
+    [[nodiscard]] std::string ReadInstrumentClock(const ClockTexts& computer);
+
+    /// After a cancelled read its answer is still under way: waits until it is there, as long as the read
+    /// itself would have, and drops it, so that it is not taken for the next command's. Does nothing when no
+    /// answer is missing.
+    void DropLateAnswer();
+
+private:
+    struct Attempt;
+    void Exchange(Attempt& attempt);
+
+    const ComputerSettings& mode_;
+    PortLink& link_;
+    SerialControl& control_;
+    SerialLog& log_;
+    bool answerMissing_ = false;
+};
+
+} // namespace quorvane
