@@ -1,16 +1,26 @@
 #include "serial/CommandSet.h"
 
 #include "serial/LineSettingsText.h"
+#include "tests/support/InstrumentVectors.h"
 
 #include <gtest/gtest.h>
 
 namespace quorvane {
 namespace {
 
-TEST(CommandSet, FramesRequestsAndNamesFailures)
+TEST(CommandSet, MakesRecordedRequestsAndTakesTheirAcknowledgements)
 {
-    EXPECT_EQ(Request('N'), "N\r\n");
-    EXPECT_EQ(Request('P', "2024/05/01;09:30:00;01:30;00120"), "P2024/05/01;09:30:00;01:30;00120\r\n");
+    for (const Exchange& exchange : RecordedExchanges()) {
+        SCOPED_TRACE(exchange.what);
+        const std::string_view acknowledgement = exchange.answer.substr(0, 4);
+        EXPECT_EQ(Request(exchange.letter, exchange.parameters), exchange.request);
+        EXPECT_EQ(BareAcknowledgement(exchange.letter), acknowledgement);
+        EXPECT_TRUE(IsAcknowledgement(acknowledgement, exchange.letter));
+    }
+}
+
+TEST(CommandSet, NamesFailures)
+{
     EXPECT_EQ(CommandName('T'), "T Command");
     EXPECT_EQ(DataReadName('D'), "D Command Data Read");
 }
