@@ -42,11 +42,11 @@ constexpr int kMostLines = 1000000;
 // clang-format off
 constexpr FaultRule kRules[] = {
     {"silent", FaultKind::Silent, {kLetter, kNone}, "silent[:LETTER]",
-     "no answer to any command, or to this one; a silent D sends no data lines either"},
+     "no answer to any command, or to this one, which is not carried out either"},
     {"no-ack", FaultKind::NoAck, {kLetter, kNone}, "no-ack[:LETTER]",
-     "no acknowledgement; the data lines of D come all the same"},
+     "no acknowledgement; the data lines of D and the clock of M come all the same"},
     {"late-ack", FaultKind::LateAck, {Number(&InstrumentFault::timeMs, 1, kMostMs, 600), kLetter}, "late-ack[:MS[,LETTER]]",
-     "acknowledgements that late (600 ms); the data lines of D are paced from there"},
+     "acknowledgements that late (600 ms), and what follows behind them"},
     {"wrong-ack", FaultKind::WrongAck, {kLetter, kNone}, "wrong-ack[:LETTER]",
      "\"AX\" instead of the acknowledgement"},
     {"split", FaultKind::Split, {Number(&InstrumentFault::byte, 1, kLongestLine - 1), Number(&InstrumentFault::timeMs, 1, kMostMs, 40)},

@@ -1,6 +1,7 @@
 #include "simulator/InstrumentOptions.h"
 
-#include <charconv>
+#include "simulator/FixedForm.h"
+
 #include <cmath>
 
 namespace quorvane {
@@ -12,8 +13,8 @@ constexpr CommandOption kOptions[] = {
     {"--at-end", "WHAT", "after its last reading: repeat that one (default), silence, or loop"},
     {"--interval", "S", "seconds from one data line to the next, 0.1 to 900 (1)"},
     {"--speed", "F", "let its clock run F times as fast, 0.01 to 10000 (1)"},
-    {"--start-at", "TIME", "set its clock to \"YYYY-MM-DD hh:mm:ss\" (the computer's time)"},
-    {"--factor", "F", "K-factor in thousandths, 0.1 to 9.9 in steps of 0.1 (1.3)"},
+    {"--start-at", "TIME", "start its clock at \"YYYY-MM-DD hh:mm:ss\" (the computer's time)"},
+    {"--factor", "F", "K-factor at first, in thousandths, 0.1 to 9.9 in steps of 0.1 (1.3)"},
     {"--three-fields", "", "leave the factor out of the data lines"},
     {"--fault", "NAME[:ARG]", "let something go wrong, see below; several combine", true},
     {"--verbose", "", "show the traffic on standard error"},
@@ -65,7 +66,7 @@ std::optional<UsageFault> ReadInstrumentOptions(std::span<const std::string> arg
         return fault;
 
     if (line.Has("--start-at")) {
-        options.startAt = ParseMoment(line.Text("--start-at"));
+        options.startAt = MomentInForm(line.Text("--start-at"), "YYYY-MM-DD hh:mm:ss");
         if (!options.startAt)
             return UsageFault{"--start-at takes a date and time as \"2026-07-31 09:30:00\", not " +
                               Quoted(line.Text("--start-at"))};
@@ -89,32 +90,6 @@ std::string InstrumentUsage()
            "\n"
            "Options:\n" +
            CommandOptions(kOptions).Help() + "\nFaults:\n" + FaultHelp();
-}
-
-std::optional<LocalMoment> ParseMoment(std::string_view text)
-{
-    constexpr std::string_view kForm = "dddd-dd-dd dd:dd:dd";
-    if (text.size() != kForm.size())
-        return std::nullopt;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool digit = text[i] >= '0' && text[i] <= '9';
-        if (kForm[i] == 'd' ? !digit : text[i] != kForm[i])
-            return std::nullopt;
-    }
-    const auto number = [text](std::size_t first, std::size_t length) {
-        int value = 0;
-        std::from_chars(text.data() + first, text.data() + first + length, value);
-        return value;
-    };
-    using namespace std::chrono;
-    const year_month_day date{year(number(0, 4)), month(static_cast<unsigned>(number(5, 2))),
-                              day(static_cast<unsigned>(number(8, 2)))};
-    const int hour = number(11, 2);
-    const int minute = number(14, 2);
-    const int second = number(17, 2);
-    if (!date.ok() || date.year() < year(1970) || hour > 23 || minute > 59 || second > 59)
-        return std::nullopt;
-    return local_days(date) + hours(hour) + minutes(minute) + seconds(second);
 }
 
 } // namespace quorvane

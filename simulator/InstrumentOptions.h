@@ -7,7 +7,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <string_view>
 
 namespace quorvane {
 
@@ -29,8 +28,5 @@ struct InstrumentOptions {
 
 /// How the program is used, ending in a line end.
 [[nodiscard]] std::string InstrumentUsage();
-
-/// Reads "YYYY-MM-DD hh:mm:ss", an existing date and time of the years 1970 to 9999.
-[[nodiscard]] std::optional<LocalMoment> ParseMoment(std::string_view text);
 
 } // namespace quorvane

@@ -26,7 +26,9 @@ constexpr int kChatterBytes = 4;
 } // namespace
 
 SimulatedInstrument::SimulatedInstrument(InstrumentSetup setup, std::unique_ptr<ReadingSource> readings)
-    : setup_(std::move(setup)), readings_(std::move(readings))
+    : setup_(std::move(setup)),
+      memory_(setup_.clockAtPowerOn, setup_.speed, setup_.factor),
+      readings_(std::move(readings))
 {
 }
 
@@ -71,8 +73,9 @@ void SimulatedInstrument::Command(std::string_view text, Time now)
         void (SimulatedInstrument::*answer)(std::string_view parameters, Time now);
     };
     static constexpr CommandRule kCommands[] = {
-        {'N', &SimulatedInstrument::OnLinkCheck},
-        {'D', &SimulatedInstrument::OnStartStream},
+        {'N', &SimulatedInstrument::OnLinkCheck}, {'D', &SimulatedInstrument::OnStartStream},
+        {'P', &SimulatedInstrument::OnProgram},   {'T', &SimulatedInstrument::OnSetClock},
+        {'M', &SimulatedInstrument::OnReadClock}, {'E', &SimulatedInstrument::OnSetFactor},
     };
     if (text.empty())
         return;
@@ -96,10 +99,35 @@ void SimulatedInstrument::OnStartStream(std::string_view parameters, Time now)
     if (!parameters.empty())
         return;
     const Time start = Acknowledge('D', now);
-    const std::chrono::duration<double, std::milli> ownTime =
-        std::chrono::duration<double, std::milli>(start) * setup_.speed;
-    stream_ = Stream{start, setup_.clockAtPowerOn + std::chrono::floor<std::chrono::milliseconds>(ownTime)};
+    stream_ = Stream{start, memory_.ClockAt(start)};
     readings_->Restart();
+}
+
+void SimulatedInstrument::OnProgram(std::string_view parameters, Time now)
+{
+    if (memory_.SetProgram(parameters))
+        Acknowledge('P', now);
+}
+
+void SimulatedInstrument::OnSetClock(std::string_view parameters, Time now)
+{
+    if (memory_.SetClock(parameters, now))
+        Acknowledge('T', now);
+}
+
+void SimulatedInstrument::OnReadClock(std::string_view parameters, Time now)
+{
+    if (!parameters.empty())
+        return;
+    const Time start = Acknowledge('M', now);
+    // Behind the whole acknowledgement, so that a split one leaves the record a pause of its own.
+    Send(memory_.ClockRecord(start), queue_.empty() ? start : std::max(start, queue_.back().due));
+}
+
+void SimulatedInstrument::OnSetFactor(std::string_view parameters, Time now)
+{
+    if (memory_.SetFactor(parameters))
+        Acknowledge('E', now);
 }
 
 /// @return when the acknowledgement is sent, or would be
@@ -175,7 +203,7 @@ void SimulatedInstrument::MakeLine()
 
 std::string SimulatedInstrument::DataLine(double conc_mg_m3) const
 {
-    const double count = conc_mg_m3 * 1000 / setup_.factor;
+    const double count = conc_mg_m3 * 1000 / memory_.Factor();
     const auto clock = stream_->clockAtStart + stream_->lines * setup_.interval;
     std::string line = InstrumentTimeText(std::chrono::floor<std::chrono::seconds>(clock)) + ";";
     AppendPattern(line, std::min(count, kMostCount), kCountPattern, ".");
@@ -183,7 +211,7 @@ std::string SimulatedInstrument::DataLine(double conc_mg_m3) const
     AppendPattern(line, std::min(conc_mg_m3, kMostConc), kConcPattern, ".");
     if (!setup_.threeFields) {
         line += ';';
-        AppendPattern(line, setup_.factor, kFactorPattern, ".");
+        AppendPattern(line, memory_.Factor(), kFactorPattern, ".");
     }
     const InstrumentFault* const noEnd = Fault(FaultKind::NoLineEnd);
     if (noEnd == nullptr || stream_->lines % noEnd->every != 0)

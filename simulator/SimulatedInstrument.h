@@ -2,6 +2,7 @@
 
 #include "app/LocalClock.h"
 #include "simulator/InstrumentFaults.h"
+#include "simulator/InstrumentMemory.h"
 #include "simulator/Readings.h"
 
 #include <chrono>
@@ -20,7 +21,7 @@ struct InstrumentSetup {
     LocalMoment clockAtPowerOn{};             ///< what its own clock shows at first
     std::chrono::milliseconds interval{1000}; ///< from one data line to the next, by its own clock
     double speed = 1;                         ///< how much faster than real time its clock runs
-    double factor = 1.3;                      ///< K-factor in thousandths of mg/m3 per count
+    double factor = 1.3;                      ///< K-factor at power-on, thousandths of mg/m3 per count
     bool threeFields = false;                 ///< data lines without the factor
     std::vector<InstrumentFault> faults;
 };
@@ -30,7 +31,7 @@ struct InstrumentSetup {
 class SimulatedInstrument {
 public:
     /// Real time since power-on.
-    using Time = std::chrono::nanoseconds;
+    using Time = InstrumentMemory::Time;
 
     SimulatedInstrument(InstrumentSetup setup, std::unique_ptr<ReadingSource> readings);
 
@@ -43,6 +44,8 @@ public:
     [[nodiscard]] std::optional<Time> NextDue() const;
     /// @return whether it has gone away, with its last byte sent
     [[nodiscard]] bool HungUp(Time now) const;
+    /// The measuring program as the last P brought it: what stood behind the letter. Empty before the first.
+    [[nodiscard]] const std::string& StoredProgram() const { return memory_.Program(); }
 
 private:
     struct Piece {
@@ -51,13 +54,17 @@ private:
     };
     struct Stream {
         Time start;
-        std::chrono::local_time<std::chrono::milliseconds> clockAtStart;
+        InstrumentMemory::ClockTime clockAtStart;
         std::int64_t lines = 0; ///< so many are made
     };
 
     void Command(std::string_view text, Time now);
     void OnLinkCheck(std::string_view parameters, Time now);
     void OnStartStream(std::string_view parameters, Time now);
+    void OnProgram(std::string_view parameters, Time now);
+    void OnSetClock(std::string_view parameters, Time now);
+    void OnReadClock(std::string_view parameters, Time now);
+    void OnSetFactor(std::string_view parameters, Time now);
     Time Acknowledge(char letter, Time now);
 
     void RunTo(Time now);
@@ -74,6 +81,7 @@ private:
                                                char letter = InstrumentFault::kAnyCommand) const;
 
     InstrumentSetup setup_;
+    InstrumentMemory memory_;
     std::unique_ptr<ReadingSource> readings_;
     SeededRandom noise_{7};
     std::string received_;         ///< the beginning of a command

@@ -103,6 +103,35 @@ TEST(InstrumentFaults, HangsUpAfterItsLastLineSincePowerOn)
     EXPECT_EQ(device.NextDue(), std::nullopt) << "a device that is gone does not chatter";
 }
 
+TEST(InstrumentFaults, OfSettingsAndOfTheClockRecord)
+{
+    struct Row {
+        std::string_view fault;
+        std::string requests, atOnce, at40ms, at1s;
+    };
+    const std::string setClock = "T2024;05;01;12;00;00\r\n";
+    const Row rows[] = {
+        {"silent:T", setClock + "M\r\n", "AM\r\n1970/01/01 09:30:00\r\n", "", ""},
+        {"no-ack:T", setClock + "M\r\n", "AM\r\n2024/05/01 12:00:00\r\n", "", ""},
+        {"no-ack:M", "M\r\n", "1970/01/01 09:30:00\r\n", "", ""},
+        {"wrong-ack:M", "E2.5\r\nM\r\n", "AE\r\nAX\r\n1970/01/01 09:30:00\r\n", "", ""},
+        {"wrong-ack:P", "P;09:30:00;05:00;00007\r\nP\r\n", "AX\r\n", "", ""},
+        // It shows the time when it is sent.
+        {"late-ack:1000,M", setClock + "M\r\n", "AT\r\n", "", "AM\r\n2024/05/01 12:00:01\r\n"},
+        {"late-ack:1000,E", "M\r\nE2.5\r\nN\r\n", "AM\r\n1970/01/01 09:30:00\r\n", "", "AE\r\nAN\r\n"},
+        {"split:11", "M\r\n", "AM\r\n1970/01/01 ", "09:30:00\r\n", ""},
+        {"split:2", "M\r\n", "AM", "\r\n19", "70/01/01 09:30:00\r\n"},
+        {"split:21", "M\r\n", "AM\r\n1970/01/01 09:30:00\r\n", "", ""},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.fault);
+        Device device(With({row.fault}));
+        EXPECT_EQ(device.Ask(row.requests, 0s), row.atOnce);
+        EXPECT_EQ(device.Take(40ms), row.at40ms);
+        EXPECT_EQ(device.Take(1s), row.at1s);
+    }
+}
+
 TEST(InstrumentFaults, WrongNamesAndArgumentsAreRefused)
 {
     InstrumentFault fault;
