@@ -5,6 +5,9 @@
 
 namespace quorvane {
 
+/// What some editors and spreadsheets put in front of UTF-8.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
 /// The user's single-byte (or, for Japanese, double-byte) code page, in which the program's files are
 /// written.
 class CodePage {

@@ -11,8 +11,6 @@
 namespace quorvane {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
 /// A spreadsheet that writes UTF-8 says so in front of the text.
 std::string Utf8Text(std::string_view bytes, const CodePage& codePage)
 {

@@ -7,6 +7,7 @@
 #include "files/CodePage.h"
 #include "files/FileStore.h"
 #include "files/Folders.h"
+#include "files/PrivateProfile.h"
 #include "serial/DeviceWatch.h"
 #include "serial/PortNames.h"
 #include "serial/SerialControl.h"
@@ -28,6 +29,7 @@ struct Platform {
     std::unique_ptr<FileStore> files;
     std::unique_ptr<Folders> folders;
     std::unique_ptr<CodePage> codePage;
+    std::unique_ptr<PrivateProfile> profile;
     std::unique_ptr<LocaleItems> locale;
     std::unique_ptr<LocalClock> clock;
     std::unique_ptr<SystemInfo> systemInfo;

@@ -1,3 +1,4 @@
+#include "files/FileProfile.h"
 #include "platform/Platform.h"
 #include "platform/posix/FileDescriptor.h"
 #include "platform/posix/PosixCodePage.h"
@@ -21,6 +22,7 @@
 #include <pwd.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace quorvane {
 namespace {
@@ -59,14 +61,18 @@ std::string HomeFolder()
 Platform MakePlatform()
 {
     OccupyStandardStreams();
+    auto files = std::make_unique<PosixFileStore>();
+    auto codePage = std::make_unique<PosixCodePage>();
+    auto profile = std::make_unique<FileProfile>(*files, *codePage);
     return {
         .serial = std::make_unique<PosixSerialControl>(),
         .portNames = std::make_unique<PosixPortNames>(),
         .portProbe = std::make_unique<PosixPortProbe>(),
         .devices = std::make_unique<PosixDeviceWatch>(),
-        .files = std::make_unique<PosixFileStore>(),
+        .files = std::move(files),
         .folders = std::make_unique<PosixFolders>(),
-        .codePage = std::make_unique<PosixCodePage>(),
+        .codePage = std::move(codePage),
+        .profile = std::move(profile),
         .locale = std::make_unique<PosixLocaleItems>(),
         .clock = std::make_unique<PosixLocalClock>(),
         .systemInfo = std::make_unique<PosixSystemInfo>(),

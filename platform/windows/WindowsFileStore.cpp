@@ -1,6 +1,7 @@
 #include "platform/windows/WindowsFileStore.h"
 
 #include "platform/windows/Handle.h"
+#include "platform/windows/SystemFault.h"
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
@@ -14,36 +15,6 @@ namespace {
 using Fault = std::optional<FileFault>;
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-FileFault FaultOf(DWORD error)
-{
-    switch (error) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_INVALID_NAME:
-    case ERROR_BAD_NETPATH:
-    case ERROR_NOT_READY: // no disk in the drive
-        return {FileFaultKind::NotFound, ReasonOf(error)};
-    case ERROR_ACCESS_DENIED:
-    case ERROR_WRITE_PROTECT:
-        return {FileFaultKind::NoPermission, ReasonOf(error)};
-    case ERROR_DISK_FULL:
-    case ERROR_HANDLE_DISK_FULL:
-        return {FileFaultKind::NoSpace, ReasonOf(error)};
-    case ERROR_SHARING_VIOLATION:
-    case ERROR_LOCK_VIOLATION:
-    case ERROR_USER_MAPPED_FILE:
-        return {FileFaultKind::InUse, ReasonOf(error)};
-    default:
-        return {FileFaultKind::Other, ReasonOf(error)};
-    }
-}
-
-FileFault LastFault()
-{
-    return FaultOf(::GetLastError());
-}
 
 bool IsFolder(const std::wstring& path)
 {

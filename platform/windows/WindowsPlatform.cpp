@@ -9,6 +9,7 @@
 #include "platform/windows/WindowsLocaleItems.h"
 #include "platform/windows/WindowsPortNames.h"
 #include "platform/windows/WindowsPortProbe.h"
+#include "platform/windows/WindowsPrivateProfile.h"
 #include "platform/windows/WindowsSerialControl.h"
 #include "platform/windows/WindowsSystemInfo.h"
 
@@ -48,6 +49,7 @@ Platform MakePlatform()
         .files = std::make_unique<WindowsFileStore>(),
         .folders = std::make_unique<WindowsFolders>(),
         .codePage = std::make_unique<WindowsCodePage>(),
+        .profile = std::make_unique<WindowsPrivateProfile>(),
         .locale = std::make_unique<WindowsLocaleItems>(),
         .clock = std::make_unique<WindowsLocalClock>(),
         .systemInfo = std::make_unique<WindowsSystemInfo>(),
