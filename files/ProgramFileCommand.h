@@ -2,7 +2,11 @@
 
 #include "app/Prompts.h"
 #include "app/Texts.h"
+#include "files/FileStore.h"
 #include "files/ProgramSettingFile.h"
+
+#include <optional>
+#include <string>
 
 namespace quorvane {
 
@@ -27,9 +31,15 @@ public:
     bool OpenProgram();
 
 private:
+    /// @return why the file cannot be used, for the operator
+    [[nodiscard]] std::optional<std::string> Read(const std::string& path, std::string& bytes) const;
+    /// @return why the program is not in the file, for the operator
+    [[nodiscard]] std::optional<std::string> Save(const std::string& path);
+    [[nodiscard]] bool IsLoadedAllTheSame();
+    void TellFailure(int textId, const std::string& reason);
+
     ApplicationState& state_;
     FileStore& files_;
-    PrivateProfile& profile_;
     Prompts& prompts_;
     const Texts& texts_;
     ProgramSettingFile file_;

@@ -22,6 +22,9 @@ public:
     /// @return why it failed, or nothing
     [[nodiscard]] std::optional<FileFault> SaveProgramSetting(const std::string& path);
 
+    /// Whether the file has a text for any of the seven values.
+    [[nodiscard]] bool HoldsProgram(const std::string& path) const;
+
     /// Reads the seven values. A key that is missing, or all of them, gives 0 or an empty text; nothing is
     /// checked, and the version is not compared. The minutes of the two times are not in the file and stay
     /// what they are.

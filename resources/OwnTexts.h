@@ -182,6 +182,11 @@ enum OwnText : int {
     kReadingsText = 1270, ///< %1: a number of readings
 
     // Files with a measuring program.
+    kProgramNotSavedText = 1281,
+    kProgramNotLoadedText = 1282,
+    kNoProgramInFileText = 1283,
+    kProgramFileTooLargeText = 1284,
+    kNotAPlainTextText = 1285,
 
     // The instrument's settings: what the rules say.
 

@@ -316,6 +316,20 @@ constexpr Entry kEntries[] = {
     {kZoomTipText, "While zoom is on, drag in the chart or turn the mouse wheel to enlarge (F6)",
      "ズームオンの間、グラフ上でドラッグするかホイールを回すと拡大できます（F6）"},
     {kReadingsText, "%1 readings", "測定データ %1 件"},
+
+    {kProgramNotSavedText, "The measuring program could not be saved.",
+     "測定プログラムを保存できませんでした。"},
+    {kProgramNotLoadedText, "The measuring program could not be loaded.",
+     "測定プログラムを読み込めませんでした。"},
+    {kNoProgramInFileText,
+     "The file holds no measuring program. Load it all the same? The number of measurements and the hours "
+     "become 0, and the start date and time are emptied.",
+     "このファイルには測定プログラムがありません。それでも読み込みますか？測定回数と時間は 0 になり、"
+     "開始日と開始時刻は消去されます。"},
+    {kProgramFileTooLargeText, "The file is too large to hold a measuring program.",
+     "ファイルが大きすぎるため、測定プログラムのファイルとして使用できません。"},
+    {kNotAPlainTextText, "The file is no plain text. Choose another file name.",
+     "プレーンテキストのファイルではありません。別のファイル名を指定してください。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
