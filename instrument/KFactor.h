@@ -5,6 +5,7 @@
 #include "app/Texts.h"
 #include "instrument/CommandExchange.h"
 
+#include <optional>
 #include <string_view>
 
 namespace quorvane {
@@ -24,15 +25,19 @@ public:
     /// @return false when the number is out of range; the K-factor is as it was
     [[nodiscard]] bool TextChanged(std::string_view text, std::string_view decimalSign);
 
-    /// The box is left, or the K-factor is to be sent: whether the stored one is in its range.
+    /// The box is left, or the K-factor is to be sent: whether the stored one is in its range. If so, it is
+    /// what `Close` goes back to.
     [[nodiscard]] bool IsValid();
 
-    /// The dialog closes without another look: one below its range becomes again what it last was within it.
+    /// The dialog closes without another look: one below its range becomes again the last one that was found
+    /// valid, here or when the dialog opened. Without such a one it stays.
     void Close();
 
 private:
+    [[nodiscard]] bool IsInRange() const;
+
     InstrumentProgram& program_;
-    double lastValid_;
+    std::optional<double> lastValid_;
 };
 
 /// What the operator is told when the K-factor is out of its range.

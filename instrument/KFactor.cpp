@@ -1,0 +1,57 @@
+#include "instrument/KFactor.h"
+
+#include "files/NumberText.h"
+#include "resources/SystemTexts.h"
+
+#include <string>
+
+namespace quorvane {
+
+KFactorEdit::KFactorEdit(InstrumentProgram& program) : program_(program)
+{
+    if (IsInRange())
+        lastValid_ = program_.KFactor;
+}
+
+bool KFactorEdit::TextChanged(std::string_view text, std::string_view decimalSign)
+{
+    const double value = TypedNumber(text, decimalSign);
+    if (!(value >= 0 && value <= kHighestKFactor))
+        return false;
+    program_.KFactor = value;
+    return true;
+}
+
+bool KFactorEdit::IsValid()
+{
+    if (!IsInRange())
+        return false;
+    lastValid_ = program_.KFactor;
+    return true;
+}
+
+void KFactorEdit::Close()
+{
+    if (program_.KFactor < kLowestKFactor && lastValid_)
+        program_.KFactor = *lastValid_;
+}
+
+bool KFactorEdit::IsInRange() const
+{
+    return program_.KFactor >= kLowestKFactor && program_.KFactor <= kHighestKFactor;
+}
+
+Message KFactorRangeMessage(const Texts& texts)
+{
+    std::string text = texts[kOutOfRangeText];
+    text.append("(").append(GeneralText(kLowestKFactor));
+    text.append("-").append(GeneralText(kHighestKFactor)).append(")");
+    return {.text = text, .icon = Icon::Critical, .titleId = kInstrumentSettingText, .buttons = Buttons::Ok};
+}
+
+InstrumentCommand KFactorCommand(double kFactor)
+{
+    return {.letter = 'E', .parameters = PatternText(kFactor * 1000, {1, 1, 1})};
+}
+
+} // namespace quorvane
