@@ -6,6 +6,7 @@
 #include "app/Prompts.h"
 #include "app/Texts.h"
 #include "instrument/CommandExchange.h"
+#include "instrument/StartDate.h"
 
 #include <optional>
 #include <string>
@@ -56,10 +57,6 @@ struct StartTime {
     int seconds = 0;
 };
 [[nodiscard]] std::optional<StartTime> ReadStartTime(std::string_view text);
-
-/// Days of a month as the start date is checked: 29 for a February whose year can be divided by 4 and not by
-/// 100, 31 for all that is no month. The rule of 400 years is left out on purpose: February 2000 has 28.
-[[nodiscard]] int DaysInMonth(int year, int month);
 
 /// Everything that is checked of the stored program before it is sent, for it may come from a file.
 /// @return the first field that is refused, or nothing
