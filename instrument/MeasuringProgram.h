@@ -25,25 +25,27 @@ struct ProgramSurroundings {
 /// The fields of the measuring program, in the order in which they are checked before it is sent.
 enum class ProgramField { StartDate, StartTime, Hours, Minutes, Count };
 
-/// Why a field is refused. Without a message the operator is told nothing.
+/// Why a field is refused, and what the operator is told.
 struct ProgramFault {
     ProgramField field = ProgramField::Count;
     Message message;
 };
 
 /// A number typed into `Count` (1 to 30000), `Hours` (0 to 99) or `Minutes` (0 to 59) is about to be left: it
-/// is stored, rounded to a whole one, and the total measure time with it when it is another than before. An
-/// empty text and one that is no number count as 0.
+/// is stored, rounded to a whole one, a half to the even neighbour, and the total measure time with it when
+/// it is another than before. An empty text and one that is no number count as 0.
+/// @param field        another one has no number, and nothing happens
+/// @param decimalSign  of the user's system; "." is taken as well
 /// @return what the operator is told, or nothing when it is stored
 [[nodiscard]] std::optional<Message> LeaveProgramNumber(const ProgramSurroundings& world, ProgramField field,
                                                         std::string_view text, std::string_view decimalSign);
 
-/// Hours and minutes are both 0, which is no time to measure.
+/// Hours and minutes are both 0 as they are sent, which is no time to measure.
 /// @return what the operator is told, or nothing
 [[nodiscard]] std::optional<Message> CheckMeasureTime(const ProgramSurroundings& world);
 
-/// The start date is about to be left: it is stored when it has the shape of the user's short dates and its
-/// month and day pass. A year of only zeros leaves the date open; the rest is not looked at then.
+/// The start date is about to be left: it is stored, without blanks around it, when it passes
+/// `CheckStartDate`.
 /// @return what the operator is told, or nothing when it is stored
 [[nodiscard]] std::optional<Message> LeaveStartDate(const ProgramSurroundings& world, std::string_view text);
 
@@ -58,20 +60,23 @@ struct StartTime {
 };
 [[nodiscard]] std::optional<StartTime> ReadStartTime(std::string_view text);
 
-/// Everything that is checked of the stored program before it is sent, for it may come from a file.
+/// Everything that is checked of the stored program before it is sent, for it may come from a file: the
+/// fields in their order, and the measure time as a fault of `Minutes`. Numbers that are not whole pass; they
+/// are rounded as they are sent.
 /// @return the first field that is refused, or nothing
 [[nodiscard]] std::optional<ProgramFault> CheckProgram(const ProgramSurroundings& world);
 
-/// Whether the start lies in the past, by the computer's clock. A date whose year is left open and one that
-/// will not be sent are passed over.
-/// @return what the operator is told, or nothing
+/// Whether the start lies in the past, by the computer's clock; a start in this very second does not. Passed
+/// over are a date whose year is left open or not usable and one that is sent as an empty field, and, on the
+/// day itself, a start time that is none.
+/// @return the field and what the operator is told, or nothing
 [[nodiscard]] std::optional<ProgramFault> CheckStartMoment(const ProgramSurroundings& world);
 
-/// `ProgramTotalHours` and `ProgramTotalMinutes` of measure time and count.
+/// Makes `ProgramTotalHours` and `ProgramTotalMinutes` of measure time and count.
 void UpdateProgramTotal(InstrumentProgram& program);
 
-/// The command that sends the stored program: "P2024/05/01;09:30:00;01:30;00120". A date that is not 8, 9 or
-/// 10 characters long is sent as an empty field.
+/// The command that sends the stored program: "P2024/05/01;09:30:00;01:30;00120", with the date as
+/// `RequestDate` gives it. Nothing is checked.
 [[nodiscard]] InstrumentCommand ProgramCommand(const ProgramSurroundings& world);
 
 } // namespace quorvane
