@@ -5,9 +5,7 @@
 #include "serial/SerialControl.h"
 #include "serial/SerialLog.h"
 
-#include <chrono>
 #include <string>
-#include <string_view>
 
 namespace quorvane {
 
@@ -30,9 +28,25 @@ struct InstrumentCommand {
 
 enum class ExchangeOutcome {
     Completed,
-    Failed,    ///< logged; the link check has been run to find the instrument again
-    Cancelled, ///< by the operator, by another exchange, or because the program closes; nothing is logged
+    Failed, ///< logged; the link check has been run to find the instrument again
+    /// By the operator, by another exchange, or because the program closes. Nothing is logged then, unless it
+    /// was the link check behind a failure that was ended.
+    Cancelled,
 };
+
+/// What came of a request.
+struct CommandReply {
+    bool acknowledged = false;
+    std::string text; ///< of the last read
+    int reads = 0;
+    WaitOutcome wait = WaitOutcome::Elapsed; ///< how the last wait ended
+};
+
+/// Sends a command and reads up to three times four characters, the length of an acknowledgement. What fits
+/// no acknowledgement is dropped; a fourth read ends the attempt unlooked at, whatever it brings. So do a
+/// wait that does not elapse, and a request that the port does not take (0 reads).
+[[nodiscard]] CommandReply RequestAcknowledgement(PortLink& link, SerialControl& control,
+                                                  const InstrumentCommand& command);
 
 /// Sends settings to the instrument and waits for their acknowledgement.
 class CommandExchange {
@@ -42,17 +56,12 @@ public:
     {
     }
 
-    /// Sends one command over the open port. Up to three reads of four characters are compared with the
-    /// acknowledgement; a fourth read ends the exchange unlooked at, whatever it brings. A failure runs the
-    /// link check first and is logged after it, under the command's name with the last reply and the number
-    /// of reads. With `RunMode` false it has succeeded at once.
-    /// Messages are the caller's.
+    /// Sends one command over the open port, see `RequestAcknowledgement`. A failure runs the link check
+    /// first and is logged after it, under the command's name with the last reply and the number of reads.
+    /// With `RunMode` false it has succeeded at once. Messages are the caller's.
     [[nodiscard]] ExchangeOutcome Send(const InstrumentCommand& command);
 
 private:
-    struct Attempt;
-    void Exchange(const InstrumentCommand& command, Attempt& attempt);
-
     const ComputerSettings& mode_;
     PortLink& link_;
     SerialControl& control_;

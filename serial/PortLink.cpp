@@ -153,6 +153,7 @@ void PortLink::ExchangeLinkCheck(LinkCheck& check)
 
 bool PortLink::CheckInstrument()
 {
+    checkInterrupted_ = false;
     if (!state_.RunMode)
         return true;
     if (!ClaimLine())
@@ -161,9 +162,8 @@ bool PortLink::CheckInstrument()
     LinkCheck check;
     ExchangeLinkCheck(check);
     control_.SetInputLen(0);
-    const bool failed =
-        !check.answered && check.wait != WaitOutcome::Cancelled && check.wait != WaitOutcome::Closing;
-    if (failed) {
+    checkInterrupted_ = IsInterrupted(check.wait);
+    if (!check.answered && !checkInterrupted_) {
         if (!control_.IsOpen())
             check.reply += control_.Input(); // what had come before the port was lost
         log_.LogSerialError(CommandName(kLinkCheckLetter), check.reply, check.reads);

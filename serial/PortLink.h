@@ -22,6 +22,12 @@ enum class WaitOutcome {
     PortLost,
 };
 
+/// Whether somebody ended the wait: no failure of the instrument, and nothing to report.
+[[nodiscard]] constexpr bool IsInterrupted(WaitOutcome outcome)
+{
+    return outcome == WaitOutcome::Cancelled || outcome == WaitOutcome::Closing;
+}
+
 /// The one link to the instrument: opens and closes the port, waits, and checks that the instrument answers.
 /// With `RunMode` false `OpenPort`, `ClosePort` and `CheckInstrument` touch no port and succeed at once.
 class PortLink {
@@ -58,6 +64,8 @@ public:
     /// returns false; the other exchange's wait ends then.
     /// @return whether the instrument answered
     [[nodiscard]] bool CheckInstrument();
+    /// Whether the last `CheckInstrument` was ended before it could tell: cancelled, or the program closes.
+    [[nodiscard]] bool CheckWasInterrupted() const { return checkInterrupted_; }
 
     /// Ends the wait that is going on, if any: it returns `Cancelled`.
     void Cancel();
@@ -84,6 +92,7 @@ private:
     bool waiting_ = false;
     bool cancelled_ = false;
     bool streaming_ = false;
+    bool checkInterrupted_ = false;
 };
 
 } // namespace quorvane
