@@ -38,8 +38,9 @@ public:
 
     /// The "M" exchange: acknowledgement in up to three reads, each behind three ticks of 100 ms, a fourth
     /// read fails; then up to 100 reads without a wait in between for the record of 21 characters.
-    /// A failure is logged as "M Command" and the received characters are dropped; nothing is shown. Over a
-    /// closed port nothing is sent and nothing logged: this is called every second.
+    /// A failure is logged as "M Command", with what the last read brought and the number of reads that the
+    /// missing part was given, and the received characters are dropped; nothing is shown. Over a closed port
+    /// nothing is sent and nothing logged: this is called every second.
     /// With `RunMode` false it touches no port: `computer`, joined by ";", is the result.
     /// @return the record, "yyyy/MM/dd hh:mm:ss" and CR LF; empty after a failure and when it was cancelled
     [[nodiscard]] std::string ReadInstrumentClock(const ClockTexts& computer);
@@ -50,8 +51,7 @@ public:
     void DropLateAnswer();
 
 private:
-    struct Attempt;
-    void Exchange(Attempt& attempt);
+    [[nodiscard]] bool ReadRecord(CommandReply& answer);
 
     const ComputerSettings& mode_;
     PortLink& link_;
