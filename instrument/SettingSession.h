@@ -6,7 +6,7 @@
 #include "instrument/KFactor.h"
 #include "instrument/MeasuringProgram.h"
 
-#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -49,7 +49,10 @@ public:
         const LocalClock& clock;
     };
     SettingSession(ApplicationState& state, const Parts& parts, SettingView& view);
+    /// Before `Open`, or after `Closed`: until then a step of the session may be waiting further up.
     ~SettingSession();
+    SettingSession(const SettingSession&) = delete;
+    SettingSession& operator=(const SettingSession&) = delete;
 
     /// The dialog loads: opens the port, and says once when that is not possible; fills the clock page.
     void Open();
@@ -67,9 +70,44 @@ public:
     [[nodiscard]] bool Busy() const { return sending_ || reading_; }
 
 private:
-    // (the implementer's)
+    class ExchangeScope;
+
+    void Run(const std::function<void()>& step);
+    void Finish();
+
+    void Tick();
+    void ReadClocks();
+    void ShowClocks();
+    [[nodiscard]] ClockTexts ReadComputerClock();
+
+    [[nodiscard]] bool MaySend(InstrumentSend send);
+    [[nodiscard]] bool ProgramMayBeSent();
+    [[nodiscard]] bool KFactorMayBeSent();
+    void Transmit(InstrumentSend send);
+    [[nodiscard]] ExchangeOutcome Exchange(InstrumentSend send);
+    [[nodiscard]] bool OpenLine();
+    [[nodiscard]] InstrumentCommand CommandFor(InstrumentSend send);
+    void BeginExchange(InstrumentSend send);
+    void EndExchange();
+
+    /// The wish that ends every step at its next look.
+    [[nodiscard]] bool Interrupted() const { return closing_ || waitingSend_; }
+
+    ApplicationState& state_;
+    Parts parts_;
+    SettingView& view_;
+    CommandExchange exchange_;
+    InstrumentClock instrumentClock_;
+
+    int steps_ = 0;        ///< that are under way, one inside the other
+    bool closing_ = false; ///< the operator wants to leave, or has left
     bool sending_ = false;
     bool reading_ = false;
+    bool clockPageShown_ = false;
+    bool ExchangeFailed = false;                ///< the last send; the next clock read clears it
+    std::optional<InstrumentSend> waitingSend_; ///< until the clock read has unwound
+    std::optional<InstrumentSend> exchanging_;  ///< what the view shows as being sent
+    ClockTexts shownInstrument_;
 };
 
 } // namespace quorvane
