@@ -3,17 +3,14 @@
 #include "app/ExitStatus.h"
 #include "app/ProgramVersion.h"
 #include "cli/CommandWorld.h"
-#include "cli/ConsolePrompts.h"
+#include "cli/InstrumentLine.h"
 #include "cli/RunReport.h"
 #include "files/AppFiles.h"
 #include "files/NumberText.h"
 #include "files/SaveCommand.h"
-#include "files/SettingsFile.h"
 #include "measure/MeasurementRun.h"
 #include "measure/RunStatusText.h"
 #include "measure/SimulatedReading.h"
-#include "platform/InterruptWatch.h"
-#include "platform/LoopEventPump.h"
 #include "resources/OwnTexts.h"
 
 #include <filesystem>
@@ -27,21 +24,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// The device that --port names directly; COM names go to the system's own table.
-class ChosenPort : public PortNames {
-public:
-    ChosenPort(const PortNames& system, std::string port) : system_(system), port_(std::move(port)) {}
-    [[nodiscard]] std::optional<PortDevice> Device(int commPort) const override
-    {
-        return IsComName(port_) ? system_.Device(commPort) : PortDevice{port_};
-    }
-    [[nodiscard]] bool Present(const PortDevice& device) const override { return system_.Present(device); }
-
-private:
-    const PortNames& system_;
-    std::string port_;
-};
-
 /// One measurement on the command line: makes the parts of a run from the system's, and runs it.
 class Measurement {
 public:
@@ -50,7 +32,6 @@ public:
 
 private:
     [[nodiscard]] int MeasureAndSave();
-    void PassInterruptsOn();
     void Watch();
     void TellPortLoss(const RunStatus& status);
     void ShowProgress(const RunStatus& status);
@@ -62,21 +43,13 @@ private:
     Platform& system_ = world_.platform;
     ApplicationState& state_ = world_.state;
     MeasurementArrays arrays_;
-    SettingsFile settings_;
-    ConsolePrompts prompts_;
-    ChosenPort port_;
-    LoopEventPump pump_;
-    LoopTimer timer1_;
+    InstrumentLine line_;
     LoopTimer timer2_;
     LoopTimer timer3_;
     LoopTimer watchTimer_;
-    SerialLog log_;
-    PortLink link_;
     RunReport report_;
     SaveCommand save_;
     MeasurementRun run_;
-    InterruptWatch interrupts_;
-    int interruptsSeen_ = 0;
     bool gaveUp_ = false;
     bool portLossTold_ = false;
 };
@@ -84,54 +57,42 @@ private:
 Measurement::Measurement(const MeasureOptions& options)
     : options_(options),
       world_(true),
-      settings_(state_, *system_.files, *system_.codePage, *system_.clock, *system_.locale, kProgramVersion),
-      prompts_(world_.console, options.output),
-      port_(*system_.portNames, options.port),
-      timer1_(pump_),
-      timer2_(pump_, options.speed),
-      timer3_(pump_, options.speed),
-      watchTimer_(pump_),
-      log_(state_, *system_.files, *system_.codePage, *system_.clock, *system_.locale),
-      link_(state_, {*system_.serial, port_, pump_, timer1_, prompts_, log_, world_.texts}),
+      line_(world_, options.port, options.output),
+      timer2_(line_.Pump(), options.speed),
+      timer3_(line_.Pump(), options.speed),
+      watchTimer_(line_.Pump()),
       report_(world_.console, arrays_, state_, world_.texts, system_.locale->DecimalSign(), !options.quiet),
       save_(state_, arrays_,
-            {*system_.files, *system_.codePage, *system_.locale, *system_.clock, prompts_, world_.texts,
-             kProgramVersion}),
+            {*system_.files, *system_.codePage, *system_.locale, *system_.clock, line_.Messages(),
+             world_.texts, kProgramVersion}),
       run_(
           state_, arrays_,
-          {.link = link_,
+          {.link = line_.Link(),
            .control = *system_.serial,
-           .pump = pump_,
-           .timer1 = timer1_,
+           .pump = line_.Pump(),
+           .timer1 = line_.Timer1(),
            .timer2 = timer2_,
            .timer3 = timer3_,
            .clock = *system_.clock,
-           .prompts = prompts_,
-           .log = log_,
+           .prompts = line_.Messages(),
+           .log = line_.Log(),
            .texts = world_.texts,
            .random = MakeRandomSource(options.randomSeed)},
           [this] { save_.SaveMeasurement(); }, report_)
 {
     watchTimer_.OnTick([this] { Watch(); });
-    pump_.OnIdle([this] {
-        PassInterruptsOn();
-        world_.console.Flush();
-    });
+    line_.OnInterrupt([this] { run_.Stop(); }); // a press of the stop button
 }
 
 int Measurement::Run()
 {
     const int status = MeasureAndSave();
-    // Who reads slowly gets everything; who does not read at all is waited for until Ctrl-C.
-    const int interrupts = interrupts_.Count();
-    while (!world_.console.Flush() && interrupts_.Count() == interrupts)
-        static_cast<void>(pump_.Serve(kNap));
+    line_.WaitForReader();
     return status;
 }
 
 int Measurement::MeasureAndSave()
 {
-    settings_.LoadSettings();
     ApplyOptions(options_, state_);
     if (const auto fault = system_.files->CheckReplace(options_.output)) {
         save_.TellFailure(*fault); // not after a run of hours
@@ -144,19 +105,12 @@ int Measurement::MeasureAndSave()
     watchTimer_.Disable();
     world_.console.SetProgress({});
 
-    if (result == RunResult::PortNotOpened && link_.LastFault())
-        world_.console.Say(world_.Reason(*link_.LastFault()));
+    if (result == RunResult::PortNotOpened)
+        line_.TellPortFault();
     if (!RunTookPlace(result))
         return kExitFailed;
     const bool saved = Save();
     return saved && result != RunResult::ReadFailed ? kExitDone : kExitFailed;
-}
-
-/// Each Ctrl-C is a press of the stop button.
-void Measurement::PassInterruptsOn()
-{
-    for (; interruptsSeen_ < interrupts_.Count(); ++interruptsSeen_)
-        run_.Stop();
 }
 
 void Measurement::Watch()

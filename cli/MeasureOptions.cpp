@@ -1,6 +1,7 @@
 #include "cli/MeasureOptions.h"
 
-#include <algorithm>
+#include "cli/ChosenPort.h"
+
 #include <limits>
 
 namespace quorvane {
@@ -100,24 +101,10 @@ std::string MeasureUsage()
     return CommandOptions(kOptions).Help();
 }
 
-bool IsComName(const std::string& port)
-{
-    constexpr std::string_view kPrefix = "COM";
-    const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
-    return port.size() > kPrefix.size() &&
-           std::equal(kPrefix.begin(), kPrefix.end(), port.begin(),
-                      [&](char a, char b) { return a == upper(b); }) &&
-           std::all_of(port.begin() + kPrefix.size(), port.end(),
-                       [](char c) { return c >= '0' && c <= '9'; });
-}
-
 void ApplyOptions(const MeasureOptions& options, ApplicationState& state)
 {
     state.RunMode = !options.port.empty();
-    if (IsComName(options.port))
-        state.RsPort = "COM" + options.port.substr(3);
-    else if (state.RunMode)
-        state.RsPort = options.port;
+    ApplyPort(options.port, state);
     state.TotalSamples = static_cast<double>(options.samples);
     state.SamplingSeconds = static_cast<std::int16_t>(options.intervalSeconds);
     state.TwaAlarm = options.twa.value_or(state.TwaAlarm);

@@ -33,10 +33,6 @@ struct MeasureOptions {
 /// The options with their help.
 [[nodiscard]] std::string MeasureUsage();
 
-/// Whether a --port value is the name of a COM port ("COM3", in any case of
-/// letters) and not a device.
-[[nodiscard]] bool IsComName(const std::string& port);
-
 /// Puts what was asked for over the settings.
 void ApplyOptions(const MeasureOptions& options, ApplicationState& state);
 
