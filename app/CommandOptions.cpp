@@ -1,5 +1,6 @@
 #include "app/CommandOptions.h"
 
+#include "app/FixedForm.h"
 #include "files/NumberText.h"
 
 #include <algorithm>
@@ -34,8 +35,13 @@ std::optional<UsageFault> CommandOptions::Read(std::span<const std::string> argu
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         const std::size_t equals = argument->find('=');
         const std::string name = argument->substr(0, equals);
-        if (!name.starts_with('-') || name.find_first_not_of('-') == std::string::npos)
-            return UsageFault{"unexpected argument " + Quoted(*argument)};
+        if (!name.starts_with('-') || name.find_first_not_of('-') == std::string::npos) {
+            const CommandOption* const unnamed = NextUnnamed();
+            if (unnamed == nullptr)
+                return UsageFault{"unexpected argument " + Quoted(*argument)};
+            values_[std::string(unnamed->name)].push_back(*argument);
+            continue;
+        }
         const CommandOption* const option = Find(name);
         if (option == nullptr)
             return UsageFault{"unknown option " + Quoted(name)};
@@ -118,6 +124,20 @@ std::optional<UsageFault> CommandOptions::ReadChoice(std::string_view name,
     return UsageFault{std::string(name) + " takes one of " + list + ", not " + Quoted(*given)};
 }
 
+std::optional<UsageFault> CommandOptions::ReadMoment(std::string_view name,
+                                                     std::optional<LocalMoment>& value) const
+{
+    const std::string* const given = Given(name);
+    if (given == nullptr)
+        return std::nullopt;
+    value = MomentInForm(*given, "YYYY-MM-DD hh:mm:ss");
+    if (value)
+        return std::nullopt;
+    return UsageFault{std::string(name)
+                          .append(" takes a date and time as \"2026-07-31 09:30:00\", not ")
+                          .append(Quoted(*given))};
+}
+
 std::string CommandOptions::Help() const
 {
     std::vector<std::pair<std::string, std::string>> rows;
@@ -134,6 +154,15 @@ const CommandOption* CommandOptions::Find(std::string_view name) const
 {
     const auto found = std::find_if(known_.begin(), known_.end(),
                                     [name](const CommandOption& option) { return option.name == name; });
+    return found != known_.end() ? &*found : nullptr;
+}
+
+/// The first argument without a name that is not given yet.
+const CommandOption* CommandOptions::NextUnnamed() const
+{
+    const auto found = std::find_if(known_.begin(), known_.end(), [this](const CommandOption& option) {
+        return !option.name.starts_with('-') && !Has(option.name);
+    });
     return found != known_.end() ? &*found : nullptr;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/LocalClock.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -15,7 +17,7 @@ namespace quorvane {
 
 /// One option that a program knows.
 struct CommandOption {
-    std::string_view name;        ///< with its dashes: "--speed"
+    std::string_view name;        ///< with its dashes: "--speed"; without: an argument of its own, "VALUE"
     std::string_view placeholder; ///< what stands for the value in the help: "F"; empty: takes no value
     std::string_view help;        ///< one line
     bool repeatable = false;      ///< may be given more than once
@@ -27,7 +29,8 @@ struct UsageFault {
 };
 
 /// A command line made of options, `--name VALUE` or `--name=VALUE`. A value that begins with two dashes
-/// needs the second form. Nothing is printed here and nothing ends the program.
+/// needs the second form. Arguments without a name may stand anywhere between them. Nothing is printed here
+/// and nothing ends the program.
 class CommandOptions {
 public:
     /// `known` must outlive this object; names asked for later are among it.
@@ -54,12 +57,16 @@ public:
     /// One of `words`; `index` becomes its place among them.
     [[nodiscard]] std::optional<UsageFault>
     ReadChoice(std::string_view name, std::span<const std::string_view> words, std::size_t& index) const;
+    /// "YYYY-MM-DD hh:mm:ss", an existing date and time of the years 1970 to 9999.
+    [[nodiscard]] std::optional<UsageFault> ReadMoment(std::string_view name,
+                                                       std::optional<LocalMoment>& value) const;
 
     /// The options with their help, one to a line, in the order of the table.
     [[nodiscard]] std::string Help() const;
 
 private:
     [[nodiscard]] const CommandOption* Find(std::string_view name) const;
+    [[nodiscard]] const CommandOption* NextUnnamed() const;
     [[nodiscard]] const std::string* Given(std::string_view name) const;
 
     std::span<const CommandOption> known_;

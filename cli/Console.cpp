@@ -21,6 +21,15 @@ bool Send(StandardStream stream, std::string& pending)
 
 } // namespace
 
+std::string Printable(std::string text)
+{
+    for (char& c : text) {
+        if (c < ' ' || c > '~')
+            c = '?';
+    }
+    return text;
+}
+
 void Console::Print(std::string_view line)
 {
     HideProgress();

@@ -7,6 +7,10 @@
 
 namespace quorvane {
 
+/// What came over the line may hold anything, and a terminal must not obey it: all but printable ASCII
+/// becomes "?".
+[[nodiscard]] std::string Printable(std::string text);
+
 /// The terminal: results on standard output, everything said on standard error, and there, when it is a
 /// terminal, one progress line that stays below all other lines. Nothing here waits for a reader: what a
 /// stream does not take is kept and goes out with a later `Flush`.

@@ -1,6 +1,14 @@
 #include "cli/ConsolePrompts.h"
 
 namespace quorvane {
+namespace {
+
+std::optional<std::string> Named(const std::string& file)
+{
+    return file.empty() ? std::nullopt : std::optional(file);
+}
+
+} // namespace
 
 Answer ConsolePrompts::Show(const Message& message)
 {
@@ -18,12 +26,12 @@ Answer ConsolePrompts::Show(const Message& message)
 
 std::optional<std::string> ConsolePrompts::AskSaveName(const SaveQuestion&)
 {
-    return saveName_;
+    return Named(files_.save);
 }
 
 std::optional<std::string> ConsolePrompts::AskOpenName(const OpenQuestion&)
 {
-    return std::nullopt;
+    return Named(files_.open);
 }
 
 } // namespace quorvane

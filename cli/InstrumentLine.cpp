@@ -7,9 +7,9 @@
 
 namespace quorvane {
 
-InstrumentLine::InstrumentLine(CommandWorld& world, const std::string& port, std::string saveName)
+InstrumentLine::InstrumentLine(CommandWorld& world, const std::string& port, NamedFiles files)
     : world_(world),
-      prompts_(world.console, std::move(saveName)),
+      prompts_(world.console, std::move(files)),
       port_(*world.platform.portNames, port),
       timer1_(pump_),
       log_(world.state, *world.platform.files, *world.platform.codePage, *world.platform.clock,

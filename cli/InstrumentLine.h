@@ -17,9 +17,8 @@ namespace quorvane {
 /// log, port, link, and Ctrl-C. Reads the settings file into the world's state.
 class InstrumentLine {
 public:
-    /// @param port      the value of --port; empty: the port of the settings counts
-    /// @param saveName  the file that a save goes to
-    InstrumentLine(CommandWorld& world, const std::string& port, std::string saveName = {});
+    /// @param port  the value of --port; empty: the port of the settings counts
+    InstrumentLine(CommandWorld& world, const std::string& port, NamedFiles files);
 
     /// What each Ctrl-C does. Called from within waits.
     void OnInterrupt(std::function<void()> handler) { interrupted_ = std::move(handler); }

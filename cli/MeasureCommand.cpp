@@ -57,7 +57,7 @@ private:
 Measurement::Measurement(const MeasureOptions& options)
     : options_(options),
       world_(true),
-      line_(world_, options.port, options.output),
+      line_(world_, options.port, {.save = options.output, .open = {}}),
       timer2_(line_.Pump(), options.speed),
       timer3_(line_.Pump(), options.speed),
       watchTimer_(line_.Pump()),

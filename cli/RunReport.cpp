@@ -24,17 +24,6 @@ void AddColumn(std::string& row, std::string_view text)
     row += text;
 }
 
-/// A time field may hold anything that came over the line; a terminal must not
-/// obey it.
-std::string Printable(std::string text)
-{
-    for (char& c : text) {
-        if (c < ' ' || c > '~')
-            c = '?';
-    }
-    return text;
-}
-
 } // namespace
 
 RunReport::RunReport(Console& console, const MeasurementArrays& arrays, const AlarmLimits& limits,

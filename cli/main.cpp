@@ -3,6 +3,8 @@
 #include "cli/MeasureCommand.h"
 #include "cli/MeasureOptions.h"
 #include "cli/PortsCommand.h"
+#include "cli/SettingCommands.h"
+#include "cli/SettingOptions.h"
 #include "platform/Platform.h"
 
 #include <cstdio>
@@ -20,10 +22,15 @@ std::string Usage()
            "  quorvane-cli measure (--port DEVICE|COMn | --simulate) --samples N --interval S --output FILE\n"
            "                       [options]\n"
            "  quorvane-cli ports\n"
+           "  quorvane-cli check [--port DEVICE|COMn]\n"
+           "  quorvane-cli clock [--set] [--port DEVICE|COMn]\n"
+           "  quorvane-cli program (--file FILE.ini | --start TIME --measure-time HH:MM --count N) [--send]\n"
+           "                       [--port DEVICE|COMn]\n"
+           "  quorvane-cli k-factor VALUE [--send] [--port DEVICE|COMn]\n"
            "  quorvane-cli --help | --version\n"
            "\n"
            "Options of measure:\n" +
-           MeasureUsage() +
+           MeasureUsage() + "\n" + SettingUsage() +
            "\n"
            "What is not given comes from the settings file Quorvane.ini in the program's folder (in the "
            "user's data\n"
@@ -34,7 +41,10 @@ std::string Usage()
            "A run without a single reading leaves an existing file as it is. On a terminal a line tells how\n"
            "the run is getting on: readings taken/planned, time left, and lines behind when there are "
            "several.\n"
-           "Exit status: 0 saved, 1 the run or the save failed, 2 wrong usage.\n";
+           "The commands check, clock, program and k-factor talk to an instrument also when the settings are "
+           "for\n"
+           "made-up readings. They leave the settings file as it is; Ctrl-C cancels them.\n"
+           "Exit status: 0 done (measure: saved), 1 it failed or was refused, 2 wrong usage.\n";
 }
 
 void Print(std::FILE* stream, const std::string& text)
@@ -62,6 +72,14 @@ int Measure(std::span<const std::string> arguments)
     return options.help ? Help() : RunMeasureCommand(options);
 }
 
+int Set(SettingAction action, std::span<const std::string> arguments)
+{
+    SettingOptions options;
+    if (const auto fault = ReadSettingOptions(action, arguments, options))
+        return WrongUsage(fault->text);
+    return options.help ? Help() : RunSettingCommand(options);
+}
+
 int Dispatch(std::span<const std::string> arguments)
 {
     if (arguments.empty())
@@ -70,6 +88,8 @@ int Dispatch(std::span<const std::string> arguments)
     const auto rest = arguments.subspan(1);
     if (command == "measure")
         return Measure(rest);
+    if (const auto action = SettingActionNamed(command))
+        return Set(*action, rest);
     if (command != "ports" && command != "--help" && command != "--version")
         return WrongUsage("there is no command " + Quoted(command));
     if (!rest.empty())

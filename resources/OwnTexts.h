@@ -193,6 +193,10 @@ enum OwnText : int {
     // The dialog that sets the instrument up.
 
     // Setting the instrument up on the command line.
+    kInstrumentAnswersText = 1341,
+    kCancelledText = 1342,
+    kNothingSentText = 1343,
+    kDateNotSentText = 1344, ///< %1: the short date pattern of the user's system
 };
 
 } // namespace quorvane

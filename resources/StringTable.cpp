@@ -330,6 +330,16 @@ constexpr Entry kEntries[] = {
      "ファイルが大きすぎるため、測定プログラムのファイルとして使用できません。"},
     {kNotAPlainTextText, "The file is no plain text. Choose another file name.",
      "プレーンテキストのファイルではありません。別のファイル名を指定してください。"},
+
+    {kInstrumentAnswersText, "The instrument answers.", "測定器は応答しています。"},
+    {kCancelledText, "Cancelled.", "中止しました。"},
+    {kNothingSentText, "Nothing was sent; with --send it is.",
+     "送信していません。送信するには --send を付けてください。"},
+    {kDateNotSentText,
+     "The instrument cannot get this start date, because the short dates of your system (%1) do not carry "
+     "it. Choose a date format with leading zeros and years of four digits.",
+     "お使いのシステムの短い日付形式（%1）では、この開始日を測定器に送信できません。"
+     "月と日が 2 桁、年が 4 桁の日付形式を選択してください。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

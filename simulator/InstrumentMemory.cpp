@@ -1,8 +1,8 @@
 #include "simulator/InstrumentMemory.h"
 
+#include "app/FixedForm.h"
 #include "files/NumberText.h"
 #include "instrument/DateTimeText.h"
-#include "simulator/FixedForm.h"
 
 namespace quorvane {
 namespace {

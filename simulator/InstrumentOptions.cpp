@@ -1,7 +1,5 @@
 #include "simulator/InstrumentOptions.h"
 
-#include "simulator/FixedForm.h"
-
 #include <cmath>
 
 namespace quorvane {
@@ -65,12 +63,8 @@ std::optional<UsageFault> ReadInstrumentOptions(std::span<const std::string> arg
     if (auto fault = ReadFactor(line, options.setup.factor))
         return fault;
 
-    if (line.Has("--start-at")) {
-        options.startAt = MomentInForm(line.Text("--start-at"), "YYYY-MM-DD hh:mm:ss");
-        if (!options.startAt)
-            return UsageFault{"--start-at takes a date and time as \"2026-07-31 09:30:00\", not " +
-                              Quoted(line.Text("--start-at"))};
-    }
+    if (auto fault = line.ReadMoment("--start-at", options.startAt))
+        return fault;
     for (const std::string& text : line.Texts("--fault")) {
         InstrumentFault fault;
         if (auto wrong = ReadFault(text, fault))

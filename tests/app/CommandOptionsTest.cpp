@@ -27,6 +27,20 @@ TEST(CommandOptions, ReadsBothFormsAndRepeatedOptionsInOrder)
     EXPECT_EQ(options.Text("--at-end", "repeat"), "repeat");
 }
 
+TEST(CommandOptions, TakesAnArgumentWithoutANameWhereverItStands)
+{
+    constexpr CommandOption kWithValue[] = {{"--port", "P", "where"}, {"VALUE", "", "how much"}};
+    for (const Arguments& arguments : {Arguments{"0.5", "--port", "a"}, Arguments{"--port", "a", "0.5"}}) {
+        CommandOptions options(kWithValue);
+        EXPECT_FALSE(options.Read(arguments));
+        EXPECT_EQ(options.Text("VALUE"), "0.5");
+        EXPECT_EQ(options.Text("--port"), "a");
+    }
+    CommandOptions options(kWithValue);
+    EXPECT_EQ(options.Read(Arguments{"0.5", "0.6"}).value_or(UsageFault{}).text,
+              "unexpected argument \"0.6\"");
+}
+
 TEST(CommandOptions, SaysInOneLineWhatIsWrong)
 {
     struct Row {

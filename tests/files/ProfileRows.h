@@ -38,7 +38,7 @@ inline std::vector<ProfileReadRow> ProfileReadRows()
         {"heading that is not closed", "[S\r\nk=1\r\n", ""},
         {"no key", "[S]\r\na=1\r\n", ""},
         {"empty file", "", ""},
-        {"text ends at NUL", std::string("[S]\r\nk=a\0b\r\n", 13), "a"},
+        {"text ends at NUL", std::string("[S]\r\nk=a\0b\r\n", 12), "a"},
         {"1023 characters", "[S]\r\nk=" + x1022 + "yz\r\n", x1022 + "y"},
         {"blanks and quotes do not count", "[S]\r\nk=   '" + x1022 + "yz'\r\n", x1022 + "y"},
         {"blank where it is cut", "[S]\r\nk=" + x1022 + " z\r\n", x1022 + " "},

@@ -1,4 +1,4 @@
-#include "simulator/FixedForm.h"
+#include "app/FixedForm.h"
 
 #include <charconv>
 
