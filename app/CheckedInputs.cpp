@@ -37,6 +37,7 @@ CheckedInputs::CheckedInputs(std::vector<Input> inputs, std::function<void(const
 void CheckedInputs::Fill()
 {
     std::ranges::for_each(inputs_, ShowStored);
+    edited_.clear();
 }
 
 bool CheckedInputs::Validate()
@@ -50,8 +51,23 @@ bool CheckedInputs::Check(const CheckedBox* box)
     return input == inputs_.end() || CheckInput(*input);
 }
 
+bool CheckedInputs::CheckEdited()
+{
+    return std::ranges::all_of(
+        inputs_, [this](const Input& input) { return !edited_.contains(input.box) || CheckInput(input); });
+}
+
+void CheckedInputs::TakeEdited()
+{
+    for (const Input& input : inputs_)
+        if (edited_.contains(input.box))
+            static_cast<void>(input.left(TypedText(*input.box)));
+    edited_.clear();
+}
+
 void CheckedInputs::Edited(const Input& input)
 {
+    edited_.insert(input.box);
     if (!input.edited(TypedText(*input.box)))
         Refuse(input);
 }
@@ -72,6 +88,7 @@ void CheckedInputs::Leave(const Input& input)
 bool CheckedInputs::CheckInput(const Input& input)
 {
     if (input.left(TypedText(*input.box))) {
+        edited_.erase(input.box);
         ShowStored(input); // what was typed may have been empty, or have had more behind the number
         return true;
     }

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,10 @@ public:
     [[nodiscard]] bool Validate();
     /// Checks one.
     bool Check(const CheckedBox* box);
+    /// Checks those that were typed in and not left since; for whoever goes on without the focus moving.
+    [[nodiscard]] bool CheckEdited();
+    /// Takes what was typed and not left yet, where it can be taken; nothing is told about the rest.
+    void TakeEdited();
 
 private:
     void Edited(const Input& input);
@@ -45,6 +50,7 @@ private:
     void Refuse(const Input& input);
 
     const std::vector<Input> inputs_;
+    std::set<const CheckedBox*> edited_; ///< typed in, and neither accepted nor shown anew since
     std::function<void(const Message&)> tell_;
     const QWidget* wayOut_ = nullptr;
     bool telling_ = false;

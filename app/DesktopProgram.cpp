@@ -34,6 +34,7 @@ DesktopProgram::DesktopProgram(Platform platform)
              kProgramVersion}),
       open_(state_, arrays_,
             {*platform_.files, *platform_.codePage, *platform_.locale, *platform_.clock, prompts_, texts_}),
+      programFile_(state_, {*platform_.files, *platform_.profile, prompts_, texts_, kProgramVersion}),
       port_(*platform_.devices, *platform_.portNames)
 {
     QApplication::setQuitOnLastWindowClosed(
@@ -97,6 +98,8 @@ void DesktopProgram::ShowMainWindow()
                                                                .locale = *platform_.locale,
                                                                .saveCommand = save_,
                                                                .openCommand = open_,
+                                                               .programFile = programFile_,
+                                                               .clockTimer = clockTimer_,
                                                                .files = *platform_.files,
                                                                .settings = settings_,
                                                                .arrays = arrays_,

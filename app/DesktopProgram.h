@@ -8,6 +8,7 @@
 #include "app/QtTickTimer.h"
 #include "app/Texts.h"
 #include "files/OpenCommand.h"
+#include "files/ProgramFileCommand.h"
 #include "files/ProgramFiles.h"
 #include "files/SaveCommand.h"
 #include "files/SettingsFile.h"
@@ -50,6 +51,7 @@ private:
     QtTickTimer timer2_;
     QtTickTimer timer3_;
     QtTickTimer timer4_;
+    QtTickTimer clockTimer_;
     QtTickTimer statusTimer_;
     QtTickTimer interruptTimer_;
     QtPrompts prompts_;
@@ -58,6 +60,7 @@ private:
     SettingsFile settings_;
     SaveCommand save_;
     OpenCommand open_;
+    ProgramFileCommand programFile_;
     PortWatch port_;
     ProgramFiles files_;
     std::unique_ptr<FrmMenu> window_;

@@ -180,7 +180,7 @@ void FrmMenu::UpdateCommands()
     for (QAction* action :
          {ui_->MenuPrint, ui_->ToolPrint, ui_->MenuPreview, ui_->MenuSaveImage, ui_->MenuCopyChart})
         action->setEnabled(enabled.picture);
-    for (QAction* action : {ui_->MenuMeasureSetting, ui_->MenuGraphSetting})
+    for (QAction* action : {ui_->MenuQuorvaneSetting, ui_->MenuMeasureSetting, ui_->MenuGraphSetting})
         action->setEnabled(enabled.settings);
     chart_.SetEnabled(enabled.command3, enabled.command4);
     limits_.SetEnabled(enabled.limitInputs);

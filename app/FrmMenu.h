@@ -9,6 +9,7 @@
 #include "files/SettingsFile.h"
 #include "graph/ChartOutput.h"
 #include "graph/ChartPane.h"
+#include "instrument/FrmQuorvaneSetting.h"
 #include "measure/ExposureRows.h"
 #include "measure/LimitInputs.h"
 #include "measure/LiveTableModel.h"
@@ -39,7 +40,9 @@ public:
         const LocaleItems& locale;
         SaveCommand& saveCommand;
         OpenCommand& openCommand;
-        FileStore& files; ///< for what the window remembers of its looks
+        ProgramFileCommand& programFile;
+        TickTimer& clockTimer; ///< of the instrument settings
+        FileStore& files;      ///< for what the window remembers of its looks
         SettingsFile& settings;
         MeasurementArrays& arrays;
         std::function<void()> closed; ///< the window has closed, and the program is to end
@@ -82,6 +85,8 @@ private:
     SaveResult Save();
     void MenuMeasureSetting();
     void MenuGraphSetting();
+    void MenuQuorvaneSetting();
+    void InstrumentSettingClosed();
     void MenuVersion();
     void ShowDialog(QDialog* dialog);
     [[nodiscard]] bool SettleUnsavedData();
@@ -110,6 +115,8 @@ private:
     WindowKeeper keeper_;
     std::optional<WindowLayout> layout_; ///< once the settings are read
     MeasurementRun run_;
+    std::unique_ptr<FrmQuorvaneSetting> instrumentSetting_; ///< the one that was opened last
+    std::shared_ptr<Command> instrumentCommand_;            ///< while it is open; nobody else has it
     QString openedName_;       ///< of the file that the readings come from; empty for a run's
     int commands_ = 0;         ///< being carried out, perhaps with a question on the screen
     bool closeWanted_ = false; ///< the window was to be closed meanwhile

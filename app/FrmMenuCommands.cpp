@@ -58,6 +58,7 @@ void FrmMenu::Connect()
         {ui_->MenuExit, &FrmMenu::Exit},
         {ui_->MenuMeasureStart, &FrmMenu::Command1Click}, // either acts by the button's caption
         {ui_->MenuMeasureEnd, &FrmMenu::Command1Click},
+        {ui_->MenuQuorvaneSetting, &FrmMenu::MenuQuorvaneSetting},
         {ui_->MenuMeasureSetting, &FrmMenu::MenuMeasureSetting},
         {ui_->MenuGraphSetting, &FrmMenu::MenuGraphSetting},
         {ui_->MenuVersion, &FrmMenu::MenuVersion},
@@ -232,6 +233,39 @@ void FrmMenu::MenuGraphSetting()
     chart_.FlagsEdited(before);
 }
 
+/// It is not modal, because it waits for the instrument in handlers of its own; the window cannot be used
+/// all the same, and takes no command until it has closed. The one before closed long ago and is replaced.
+void FrmMenu::MenuQuorvaneSetting()
+{
+    if (Busy())
+        return;
+    instrumentCommand_ = std::make_shared<Command>(*this);
+    instrumentSetting_.reset(); // it shares its timer with the next one
+    instrumentSetting_ = std::make_unique<FrmQuorvaneSetting>(
+        state_,
+        FrmQuorvaneSetting::Parts{.session = {.link = parts_.run.link,
+                                              .control = parts_.run.control,
+                                              .timer1 = parts_.clockTimer,
+                                              .log = parts_.run.log,
+                                              .prompts = parts_.run.prompts,
+                                              .texts = parts_.run.texts,
+                                              .locale = parts_.locale,
+                                              .clock = parts_.run.clock},
+                                  .programFile = parts_.programFile,
+                                  .closed = [this] { InstrumentSettingClosed(); }},
+        this);
+    keeper_.Watch(*instrumentSetting_);
+    setEnabled(false);
+    instrumentSetting_->setEnabled(true); // a window of its own, but below one that is disabled
+    instrumentSetting_->Open();
+}
+
+void FrmMenu::InstrumentSettingClosed()
+{
+    setEnabled(true);
+    instrumentCommand_.reset();
+}
+
 /// There while a run goes on: it stands beside the window, so that the run can still be ended, and serves no
 /// events itself, for below a loop of its own the wait for a line would not end and no reading would come.
 void FrmMenu::MenuVersion()
@@ -275,6 +309,8 @@ void FrmMenu::PutCloseOff()
 {
     closeWanted_ = true;
     UpdateStatus();
+    if (instrumentCommand_)
+        instrumentSetting_->reject(); // ends its exchange; nothing there is lost
     if (run_.State() == RunState::Starting || run_.State() == RunState::Measuring)
         run_.Stop(); // not in its stop exchange: that would give it up
 }

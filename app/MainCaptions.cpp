@@ -28,6 +28,7 @@ void SetMenus(Ui::FrmMenu& ui, const Texts& texts)
         {ui.MenuAlarmReset, kAlarmResetText},
         {ui.MenuWholeRun, kWholeRunText},
         {ui.MenuCopyChart, kCopyChartCommandText},
+        {ui.MenuQuorvaneSetting, kInstrumentSettingCommandText},
         {ui.MenuMeasureSetting, kMeasureSettingCommandText},
         {ui.MenuGraphSetting, kGraphSettingCommandText},
         {ui.MenuVersion, kVersionCommandText},

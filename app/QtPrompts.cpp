@@ -56,8 +56,13 @@ void QtPrompts::AskSaveNameLater(const SaveQuestion& question,
 
 QWidget* QtPrompts::Parent() const
 {
-    QWidget* const modal = QApplication::activeModalWidget();
-    return modal ? modal : window_.data();
+    if (QWidget* const modal = QApplication::activeModalWidget())
+        return modal;
+    if (window_ && !window_->isEnabled()) // for the sake of a dialog that stands before it
+        for (QDialog* const dialog : window_->findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly))
+            if (dialog->isVisible() && dialog->isEnabled())
+                return dialog;
+    return window_;
 }
 
 } // namespace quorvane

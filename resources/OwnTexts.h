@@ -191,6 +191,32 @@ enum OwnText : int {
     // The instrument's settings: what the rules say.
 
     // The dialog that sets the instrument up.
+    kStartDateTipText = 1301,
+    kCountTipText = 1302,
+    kProgramHoursTipText = 1303,
+    kProgramMinutesTipText = 1304,
+    kStartHourText = 1305,
+    kStartMinuteText = 1306,
+    kStartSecondText = 1307,
+    kHoursMinutesText = 1308,
+    kOpenProgramText = 1309,
+    kOpenProgramTipText = 1310,
+    kSaveProgramText = 1311,
+    kSaveProgramTipText = 1312,
+    kSendProgramTipText = 1313,
+    kSendClockTipText = 1314,
+    kRefreshTipText = 1315,
+    kSendKFactorTipText = 1316,
+    kKFactorRangeText = 1317,
+    kKFactorNoteText = 1318,
+    kExchangeText = 1319,
+    kLinkSimulatedText = 1320,
+    kLinkOpenText = 1321,   ///< %1: a port's name
+    kLinkClosedText = 1322, ///< %1: a port's name
+    kClockRequestTipText = 1323,
+    kArrowTipText = 1324,
+    kInstrumentSettingCommandText = 1325,
+    kDateLeftOutText = 1326,
 
     // Setting the instrument up on the command line.
     kInstrumentAnswersText = 1341,

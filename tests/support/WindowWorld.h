@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/FrmMenu.h"
+#include "files/FileProfile.h"
 #include "measure/LiveTable.h"
 #include "tests/support/FakeDeviceWatch.h"
 #include "tests/support/InstrumentWorld.h"
@@ -46,6 +47,8 @@ struct WindowWorld : InstrumentWorld {
                                                                  .locale = locale,
                                                                  .saveCommand = save,
                                                                  .openCommand = open,
+                                                                 .programFile = programFile,
+                                                                 .clockTimer = clockTimer,
                                                                  .files = files,
                                                                  .settings = settings,
                                                                  .arrays = arrays,
@@ -128,6 +131,9 @@ struct WindowWorld : InstrumentWorld {
     FakeDeviceWatch devices;
     PortWatch portWatch{devices, names};
     OpenCommand open{state, arrays, {files, codePage, locale, world, prompts, texts}};
+    FileProfile profile{files, codePage};
+    ProgramFileCommand programFile{state, {files, profile, prompts, texts, {0, 1, 0}}};
+    WorldTimer clockTimer{world};
     std::unique_ptr<FrmMenu> window;
 };
 
