@@ -1,5 +1,6 @@
 #include "instrument/InstrumentClock.h"
 
+#include "tests/support/InstrumentVectors.h"
 #include "tests/support/LinkWorld.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +27,6 @@ TEST(InstrumentClock, TellsTheComputersClockInTheInstrumentsForm)
         std::string_view request;
     };
     const Row rows[] = {
-        {"plain", "yyyy/MM/dd", "HH:mm:ss", 0h, "T2024;05;01;09;30;00"},
         {"points, short fields", "d.M.yy", "H.mm.ss", 24h, "T2024;05;02;09;30;00"},
         {"half past noon stays the odd 24", "M/d/yyyy", "h:mm:ss tt", 3h, "T2024;05;01;24;30;00"},
     };
@@ -39,6 +39,11 @@ TEST(InstrumentClock, TellsTheComputersClockInTheInstrumentsForm)
             ClockCommand(ComputerClock(with.state, with.locale, with.texts, with.world.Now() + row.later));
         EXPECT_EQ(command.Text(), row.request);
         EXPECT_TRUE(command.clearInputFirst);
+    }
+    for (const ClockVector& vector : kClockVectors) {
+        LinkWorld with;
+        const ClockTexts clock = ComputerClock(with.state, with.locale, with.texts, vector.moment);
+        EXPECT_EQ(ClockCommand(clock).Text() + "\r\n", vector.exchange.request) << vector.exchange.what;
     }
     EXPECT_EQ(ClockCommand({.date = "00/00/00", .time = "09:30:00"}).Text(), "T00/0;/0;;09;30;00")
         << "by position, whatever stands there";

@@ -1,5 +1,7 @@
 #include "instrument/KFactor.h"
 
+#include "tests/support/InstrumentVectors.h"
+
 #include <gtest/gtest.h>
 
 namespace quorvane {
@@ -52,8 +54,12 @@ TEST(KFactor, GoesBackToTheLastOneThatWasFoundValid)
 
 TEST(KFactor, IsSentInThousandths)
 {
-    EXPECT_EQ(KFactorCommand(0.0099).Text(), "E9.9");
-    EXPECT_EQ(KFactorCommand(0.0001).Text(), "E0.1");
+    for (const KFactorVector& vector : kKFactorVectors) {
+        const InstrumentCommand command = KFactorCommand(vector.kFactor);
+        EXPECT_EQ(command.Text() + "\r\n", vector.exchange.request) << vector.exchange.what;
+        EXPECT_EQ(command.waiting, InstrumentCommand::Waiting::BeforeEachRead);
+        EXPECT_FALSE(command.clearInputFirst);
+    }
     EXPECT_EQ(KFactorCommand(0.00125).Text(), "E1.3"); // a half is rounded away from zero
 }
 

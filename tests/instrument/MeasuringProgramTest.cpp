@@ -2,6 +2,7 @@
 
 #include "tests/support/FixedClock.h"
 #include "tests/support/FixedLocale.h"
+#include "tests/support/InstrumentVectors.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -209,8 +210,18 @@ TEST(MeasuringProgram, IsNotStartedInThePast)
 TEST(MeasuringProgram, IsSentInFieldsOfFixedLength)
 {
     ProgramWorld world;
-    EXPECT_EQ(ProgramCommand(world.rules).Text(), "P2024/05/01;09:30:00;01:30;00120");
-    EXPECT_EQ(ProgramCommand(world.rules).waiting, InstrumentCommand::Waiting::BeforeFirstRead);
+    for (const ProgramVector& vector : kProgramVectors) {
+        world.state.ProgramStartDate = vector.startDate;
+        world.state.ProgramStartTime = vector.startTime;
+        world.state.ProgramMeasureHours = vector.hours;
+        world.state.ProgramMeasureMinutes = vector.minutes;
+        world.state.ProgramMeasureCount = vector.count;
+        const InstrumentCommand command = ProgramCommand(world.rules);
+        EXPECT_EQ(command.Text() + "\r\n", vector.exchange.request) << vector.exchange.what;
+        EXPECT_EQ(command.waiting, InstrumentCommand::Waiting::BeforeFirstRead);
+        EXPECT_FALSE(command.clearInputFirst);
+    }
+    world.state.ProgramStartTime = "09:30:00";
     world.state.ProgramStartDate = "2024/5/1 at noon";
     world.state.ProgramMeasureHours = 5;
     world.state.ProgramMeasureMinutes = 0;
