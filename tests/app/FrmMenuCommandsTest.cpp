@@ -76,8 +76,8 @@ TEST_F(FrmMenuCommandsTest, WhileARunGoesOnOnlyItsPictureAndItsEndCanBeHad)
         if (checked || Rows() < 2)
             return;
         checked = true;
-        for (const char* action : {"MenuOpen", "ToolOpen", "MenuSave", "ToolSave", "MenuMeasureSetting",
-                                   "MenuGraphSetting", "MenuZoom", "MenuWholeRun"})
+        for (const char* action : {"MenuOpen", "ToolOpen", "MenuSave", "ToolSave", "MenuQuorvaneSetting",
+                                   "MenuMeasureSetting", "MenuGraphSetting", "MenuZoom", "MenuWholeRun"})
             EXPECT_FALSE(Enabled(action)) << action;
         EXPECT_FALSE(Find<QPushButton>("Command3")->isEnabled());
         EXPECT_FALSE(Find<QPushButton>("Command4")->isEnabled());

@@ -142,7 +142,9 @@ TEST_F(FrmQuorvaneSettingTest, OpensThePortShowsTheStateAndKeepsTheMainWindowFro
     const std::pair<const char*, int> lists[] = {{"Combo1", 24}, {"Combo2", 60}, {"Combo3", 60}};
     for (const auto& [list, count] : lists)
         EXPECT_EQ(Part<QComboBox>(list)->count(), count);
+    EXPECT_EQ(Part<QComboBox>("Combo1")->currentText(), QStringLiteral("08"));
     EXPECT_EQ(Part<QComboBox>("Combo3")->currentText(), QStringLiteral("30"));
+    EXPECT_FALSE(Part("Notice")->isVisible());
 
     Click("Command6");
     ExpectClosed();
@@ -163,7 +165,8 @@ TEST_F(FrmQuorvaneSettingTest, SpeaksEitherLanguage)
         for (int page = 0; page < 3; ++page)
             found.push_back(Part<QTabWidget>("SSTab1")->tabText(page).toStdString());
         for (const char* label :
-             {"Label5", "Label9", "Label1", "Label2", "Label8", "Label13", "Label16", "Label17"})
+             {"Label5", "Label9", "Label1", "Label2", "Label8", "Label13", "Label14", "Label15", "Label16",
+              "Label17", "Label3", "Label4", "Label6", "Label7", "Label12"})
             found.push_back(Part<QLabel>(label)->text().toStdString());
         for (const char* button : {"Command1", "Command6", "Command3", "Command4", "Refresh", "Command5"})
             found.push_back(Part<QPushButton>(button)->text().toStdString());
@@ -171,12 +174,12 @@ TEST_F(FrmQuorvaneSettingTest, SpeaksEitherLanguage)
     };
     state.SystemLanguageName = "English";
     OpenDialog();
-    EXPECT_THAT(captions(),
-                ElementsAre("Instrument Setting", "CALCULATION Setting", "Instrument Clock",
-                            "K-Factor Setting", "Sampling Time:", "Total Measure Time:", "Start Date",
-                            "Start Time:", "Number of Measure:", "System Date", "Instrument Time",
-                            "Mass concentration conversion coefficient(K-Factor):", "Send", "Close", "Send",
-                            ">>", "Refresh", "Send"));
+    EXPECT_THAT(captions(), ElementsAre("Instrument Setting", "CALCULATION Setting", "Instrument Clock",
+                                        "K-Factor Setting", "Sampling Time:", "Total Measure Time:",
+                                        "Start Date", "Start Time:", "Number of Measure:", "System Date",
+                                        "System Time", "Instrument Date", "Instrument Time",
+                                        "Mass concentration conversion coefficient(K-Factor):", ":", ":", ":",
+                                        "  ", "  ", "Send", "Close", "Send", ">>", "Refresh", "Send"));
     Click("Command6");
     table = StringTable(TableLanguage::Japanese);
     Trigger("MenuQuorvaneSetting");
@@ -277,6 +280,26 @@ TEST_F(FrmQuorvaneSettingTest, SendsTheProgramAndNothingCanBePressedMeanwhile)
     EXPECT_THAT(Told(), ElementsAre("Start date is invalid."));
     EXPECT_THAT(Sent(), IsEmpty());
     EXPECT_TRUE(Part("Text4")->hasFocus());
+    Type("Text4", "2024/05/01");
+    Click("Command1");
+    EXPECT_THAT(Told(), ElementsAre("Start time is invalid."));
+    EXPECT_TRUE(Part("Combo1")->hasFocus());
+}
+
+TEST_F(FrmQuorvaneSettingTest, EnterTakesWhatWasTypedAndPressesNothingButTheButtonWithTheFocus)
+{
+    OpenDialog();
+    Type("Text1", "7");
+    QTest::keyClick(Part("Text1"), Qt::Key_Return);
+    EXPECT_EQ(state.ProgramMeasureCount, 7);
+    Type("Text1", "0");
+    QTest::keyClick(Part("Text1"), Qt::Key_Return);
+    EXPECT_THAT(Told(), ElementsAre(kRange + "(1-30000)"));
+    EXPECT_THAT(Sent(), IsEmpty());
+    EXPECT_TRUE(Dialog()->isVisible());
+    Part("Command1")->setFocus();
+    QTest::keyClick(Part("Command1"), Qt::Key_Return);
+    EXPECT_THAT(Told(), ElementsAre(kDone));
 }
 
 TEST_F(FrmQuorvaneSettingTest, BothClocksRunWhileTheirPageIsShownAndTheInstrumentsCanBeSet)
@@ -312,9 +335,17 @@ TEST_F(FrmQuorvaneSettingTest, TheKFactorsUpperLimitHoldsWhileTypingTheLowerWhen
     EXPECT_EQ(Shown("Text9"), "0"); // the last that was stored on the way
     Type("Text9", "0.0012");
     EXPECT_EQ(state.KFactor, 0.0012);
+    bool busy = false;
+    onPump = [&](long) { busy |= !Part("Command5")->isEnabledTo(Part("KFactorPage")); };
     Click("Command5");
+    EXPECT_TRUE(busy);
     EXPECT_THAT(Sent(), ElementsAre("E1.2\r\n"));
     EXPECT_THAT(Told(), ElementsAre(kDone));
+    state.KFactor = 0.00005; // as a settings file may hold it
+    Click("Command5");
+    EXPECT_THAT(Told(), ElementsAre(kRange + "(0.0001-0.0099)"));
+    EXPECT_EQ(Shown("Text9"), "0.00005");
+    EXPECT_TRUE(Part("Text9")->hasFocus());
     Type("Text9", "0");
     EXPECT_EQ(state.KFactor, 0);
     EXPECT_THAT(Told(), IsEmpty());
@@ -332,6 +363,7 @@ TEST_F(FrmQuorvaneSettingTest, AClosedPortIsToldOnceAndEachSendTriesAgain)
     OpenDialog();
     EXPECT_THAT(Told(), ElementsAre("COM1 is not used."));
     EXPECT_TRUE(Dialog()->isVisible());
+    EXPECT_THAT(Label("LinkStatus"), testing::StartsWith("COM1 is not open."));
     ShowPage(1);
     static_cast<void>(world.Serve(3s));
     EXPECT_THAT(Told(), IsEmpty());
@@ -342,6 +374,7 @@ TEST_F(FrmQuorvaneSettingTest, AClosedPortIsToldOnceAndEachSendTriesAgain)
     port.openFault.reset();
     Click("Command3");
     EXPECT_THAT(Told(), ElementsAre(kDone));
+    EXPECT_EQ(Label("LinkStatus"), "COM1 is open.");
     Click("Command6");
     ExpectClosed();
 }
@@ -401,6 +434,7 @@ TEST_F(FrmQuorvaneSettingTest, AProgramIsKeptInAFileAndComesBack)
     Click("CommandOpen");
     EXPECT_EQ(Shown("Text1") + " " + Shown("Text4"), "7 2024/05/02");
     EXPECT_EQ(Shown("TotalHours"), "10");
+    EXPECT_EQ(Label("DateHint"), "yyyy/MM/dd");
     EXPECT_THAT(Told(), IsEmpty());
 
     files.files["empty.ini"] = "[Something else]\r\n";
@@ -408,6 +442,7 @@ TEST_F(FrmQuorvaneSettingTest, AProgramIsKeptInAFileAndComesBack)
     prompts.answers = {Answer::Yes};
     Click("CommandOpen");
     EXPECT_EQ(Part<QComboBox>("Combo1")->currentIndex(), -1);
+    EXPECT_THAT(Label("DateHint"), testing::HasSubstr("No date is sent"));
     Told();
     Click("Command1"); // what a file brought is checked before it is sent
     EXPECT_THAT(Told(), ElementsAre(kWrong));
@@ -430,6 +465,7 @@ TEST_F(FrmQuorvaneSettingTest, WithoutAnInstrumentEverySendCompletesAndNoPortIsT
         Click(button);
         EXPECT_THAT(Told(), ElementsAre(kDone)) << button;
     }
+    EXPECT_EQ(Label("Label23"), "") << "nothing was sent";
     EXPECT_EQ(port.opened, 0);
     Click("Command6");
     ExpectClosed();

@@ -184,8 +184,14 @@ TEST(SettingSession, TellsTheResultWhenEverythingCanBeUsedAgain)
             with.session->Open();
             with.session->ShowClockPage(true);
             with.view.notes.clear();
+            bool ticking = false;
+            with.port.onOutput = [&, instrument = with.port.onOutput](const std::string& text) {
+                ticking = with.clockTimer.Enabled();
+                instrument(text);
+            };
             with.prompts.whileOpen = [&] {
                 EXPECT_EQ(with.view.notes, row.notes);
+                EXPECT_EQ(ticking, row.send != Clock);
                 EXPECT_TRUE(with.clockTimer.Enabled());
                 with.session->Send(KFactor);
                 with.Pass(1100ms); // the tick behind the message does nothing
