@@ -18,6 +18,7 @@
 
 #include <QDialog>
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -117,6 +118,7 @@ private:
     MeasurementRun run_;
     std::unique_ptr<FrmQuorvaneSetting> instrumentSetting_; ///< the one that was opened last
     std::shared_ptr<Command> instrumentCommand_;            ///< while it is open; nobody else has it
+    QPointer<QWidget> focusBefore_;                         ///< it took the focus from all that is disabled
     QString openedName_;       ///< of the file that the readings come from; empty for a run's
     int commands_ = 0;         ///< being carried out, perhaps with a question on the screen
     bool closeWanted_ = false; ///< the window was to be closed meanwhile

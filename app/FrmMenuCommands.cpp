@@ -255,6 +255,7 @@ void FrmMenu::MenuQuorvaneSetting()
                                   .closed = [this] { InstrumentSettingClosed(); }},
         this);
     keeper_.Watch(*instrumentSetting_);
+    focusBefore_ = focusWidget();
     setEnabled(false);
     instrumentSetting_->setEnabled(true); // a window of its own, but below one that is disabled
     instrumentSetting_->Open();
@@ -263,6 +264,8 @@ void FrmMenu::MenuQuorvaneSetting()
 void FrmMenu::InstrumentSettingClosed()
 {
     setEnabled(true);
+    if (focusBefore_)
+        focusBefore_->setFocus();
     instrumentCommand_.reset();
 }
 

@@ -148,6 +148,7 @@ TEST_F(FrmQuorvaneSettingTest, OpensThePortShowsTheStateAndKeepsTheMainWindowFro
 
     Click("Command6");
     ExpectClosed();
+    EXPECT_EQ(window->focusWidget(), Find<QWidget>("Command1")) << "as before";
     EXPECT_THAT(Sent(), IsEmpty());
     Trigger("MenuQuorvaneSetting"); // again, with the clock running
     ShowPage(1);
