@@ -146,7 +146,11 @@ void SettingSession::ShowClocks()
     instrumentClock_.DropLateAnswer(); // of a read that something else has cancelled
     if (Interrupted())
         return;
-    const std::string record = instrumentClock_.ReadInstrumentClock(computer);
+    std::string record;
+    try {
+        record = instrumentClock_.ReadInstrumentClock(computer);
+    } catch (...) { // no clock is shown rather than an old one
+    }
     if (Interrupted())
         return;
     shownInstrument_ = CutClockRecord(record);

@@ -253,6 +253,7 @@ TEST(SettingSession, EndsAnExchangeSilentlyOnAnError)
     with.session->Send(Clock);
     with.Pass(1100ms);
     EXPECT_EQ(with.port.sent.size(), 2U) << "the clock is read again";
+    EXPECT_EQ(with.view.notes.back(), "there  ") << "and told to be unknown";
     EXPECT_EQ(with.view.began, with.view.ended);
     EXPECT_FALSE(with.session->Busy());
     EXPECT_TRUE(with.prompts.messages.empty());
