@@ -9,6 +9,7 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QTabBar>
 #include <algorithm>
 #include <utility>
 
@@ -49,6 +50,7 @@ FrmQuorvaneSetting::FrmQuorvaneSetting(ApplicationState& state, const Parts& par
       parts_(parts),
       texts_(parts.session.texts),
       program_{state, parts.session.locale, parts.session.clock, parts.session.texts},
+      measureTime_(state),
       kFactor_(state),
       session_(state, parts.session, *this),
       ui_([this] {
@@ -91,8 +93,7 @@ void FrmQuorvaneSetting::Open()
         return; // behind the message that the port cannot be opened
     show();
     activateWindow();
-    ui_->Text4->setFocus();
-    ui_->Text4->selectAll();
+    ui_->SSTab1->tabBar()->setFocus(); // not in a box, which could refuse to be left for another page
 }
 
 void FrmQuorvaneSetting::closeEvent(QCloseEvent* event)
@@ -107,6 +108,7 @@ void FrmQuorvaneSetting::reject()
     if (questions_ > 0 || closed_)
         return;
     programInputs_.TakeEdited();
+    measureTime_.Close();
     kFactor_.Close();
     session_.Close();
 }
@@ -122,8 +124,8 @@ void FrmQuorvaneSetting::Command6Click()
 void FrmQuorvaneSetting::Closed()
 {
     closed_ = true;
+    parts_.closed(); // so that the main window can be used again when it comes to the front
     hide();
-    parts_.closed();
 }
 
 void FrmQuorvaneSetting::Connect()
@@ -182,6 +184,7 @@ CheckedInputs::Input FrmQuorvaneSetting::InputOf(CheckedBox* box, ProgramField f
 std::optional<Message> FrmQuorvaneSetting::LeaveTimePart(ProgramField field, std::string_view text)
 {
     auto refused = LeaveProgramNumber(program_, field, text, parts_.session.locale.DecimalSign());
+    measureTime_.Keep();
     const bool withinPair = ui_->Text2->hasFocus() || ui_->Text3->hasFocus();
     if (refused || field == ProgramField::Count || withinPair)
         return refused;
@@ -274,8 +277,10 @@ void FrmQuorvaneSetting::ProgramRefused(ProgramField field)
 void FrmQuorvaneSetting::OpenProgram()
 {
     const Question question(*this);
-    if (parts_.programFile.OpenProgram())
-        ShowProgram();
+    if (!parts_.programFile.OpenProgram())
+        return;
+    measureTime_ = MeasureTimeEdit(state_);
+    ShowProgram();
 }
 
 void FrmQuorvaneSetting::SaveProgram()
@@ -288,14 +293,16 @@ void FrmQuorvaneSetting::SaveProgram()
 
 // ---- the clock ------------------------------------------------------------------------------------------
 
-/// A box that was typed in is left with its page; when it is refused, the page comes back.
+/// The box with the focus is left with its page, and so is one that was typed in; when one is refused, the
+/// page comes back.
 void FrmQuorvaneSetting::TabChanged(int page)
 {
     CheckedInputs& left = page_ == kKFactorPage ? kFactorInputs_ : programInputs_;
+    const auto* const focus = qobject_cast<CheckedBox*>(ui_->SSTab1->widget(page_)->focusWidget());
     if (page != page_ && page_ != kClockPage) {
         const QSignalBlocker quiet(ui_->SSTab1);
         ui_->SSTab1->setCurrentIndex(page_); // the box can take the focus again only where it is shown
-        if (!left.CheckEdited())
+        if (!left.CheckEdited() || !left.Check(focus))
             return;
         ui_->SSTab1->setCurrentIndex(page);
     }

@@ -77,6 +77,7 @@ private:
     Parts parts_;
     const Texts& texts_;
     ProgramSurroundings program_;
+    MeasureTimeEdit measureTime_;
     KFactorEdit kFactor_;
     SettingSession session_;
     std::unique_ptr<Ui::FrmQuorvaneSetting> ui_;

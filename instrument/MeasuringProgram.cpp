@@ -75,6 +75,12 @@ std::optional<Message> CheckField(const ProgramSurroundings& world, ProgramField
     return Refusal(world.texts[kWrongSetupText]);
 }
 
+bool IsNoTime(const InstrumentProgram& program)
+{
+    const std::string zero = Digits(0, 2);
+    return Digits(program.ProgramMeasureHours, 2) == zero && Digits(program.ProgramMeasureMinutes, 2) == zero;
+}
+
 } // namespace
 
 std::optional<Message> LeaveProgramNumber(const ProgramSurroundings& world, ProgramField field,
@@ -96,11 +102,31 @@ std::optional<Message> LeaveProgramNumber(const ProgramSurroundings& world, Prog
 
 std::optional<Message> CheckMeasureTime(const ProgramSurroundings& world)
 {
-    const std::string zero = Digits(0, 2);
-    if (Digits(world.state.ProgramMeasureHours, 2) != zero ||
-        Digits(world.state.ProgramMeasureMinutes, 2) != zero)
+    if (!IsNoTime(world.state))
         return std::nullopt;
     return Refusal(world.texts[kWrongSetupText]);
+}
+
+MeasureTimeEdit::MeasureTimeEdit(InstrumentProgram& program)
+    : program_(&program), hours_(program.ProgramMeasureHours), minutes_(program.ProgramMeasureMinutes)
+{
+}
+
+void MeasureTimeEdit::Keep()
+{
+    if (!IsNoTime(*program_))
+        *this = MeasureTimeEdit(*program_);
+}
+
+void MeasureTimeEdit::Close()
+{
+    const bool edited =
+        program_->ProgramMeasureHours != hours_ || program_->ProgramMeasureMinutes != minutes_;
+    if (!IsNoTime(*program_) || !edited)
+        return;
+    program_->ProgramMeasureHours = hours_;
+    program_->ProgramMeasureMinutes = minutes_;
+    UpdateProgramTotal(*program_);
 }
 
 std::optional<Message> LeaveStartDate(const ProgramSurroundings& world, std::string_view text)

@@ -44,6 +44,23 @@ struct ProgramFault {
 /// @return what the operator is told, or nothing
 [[nodiscard]] std::optional<Message> CheckMeasureTime(const ProgramSurroundings& world);
 
+/// The measure time being edited. It is stored while the operator goes from its hours to its minutes, and may
+/// be 0:00 on the way.
+class MeasureTimeEdit {
+public:
+    explicit MeasureTimeEdit(InstrumentProgram& program);
+
+    /// A part of it was stored: remembers a time to which `Close` goes back.
+    void Keep();
+    /// The dialog closes without another look: 0:00 becomes again what it last was, and the total with it.
+    void Close();
+
+private:
+    InstrumentProgram* program_;
+    double hours_;
+    double minutes_;
+};
+
 /// The start date is about to be left: it is stored, without blanks around it, when it passes
 /// `CheckStartDate`.
 /// @return what the operator is told, or nothing when it is stored

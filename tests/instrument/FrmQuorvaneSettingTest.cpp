@@ -247,10 +247,21 @@ TEST_F(FrmQuorvaneSettingTest, ARefusedBoxKeepsItsPageAndTheCloseButtonButNotThe
     EXPECT_THAT(Told(), ElementsAre(kRange + "(1-30000)"));
     EXPECT_TRUE(Dialog()->isVisible());
     Type("Text1", "12");
+    Type("Text2", "0");
+    Type("Text3", "0"); // on the way to another time
     Dialog()->close();
     ExpectClosed();
     EXPECT_THAT(Told(), IsEmpty());
     EXPECT_EQ(state.ProgramMeasureCount, 12);
+    EXPECT_THAT((std::vector{state.ProgramMeasureMinutes, state.ProgramTotalHours}), ElementsAre(30, 6));
+
+    state.KFactor = 0; // as a settings file may have it
+    Trigger("MenuQuorvaneSetting");
+    ShowPage(2);
+    Part("Text9")->setFocus();
+    ShowPage(0);
+    EXPECT_THAT(Told(), ElementsAre(kRange + "(0.0001-0.0099)"));
+    EXPECT_TRUE(Part("Text9")->hasFocus());
 }
 
 TEST_F(FrmQuorvaneSettingTest, SendsTheProgramAndNothingCanBePressedMeanwhile)
