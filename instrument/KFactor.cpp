@@ -1,9 +1,7 @@
 #include "instrument/KFactor.h"
 
+#include "app/RangeMessage.h"
 #include "files/NumberText.h"
-#include "resources/SystemTexts.h"
-
-#include <string>
 
 namespace quorvane {
 
@@ -43,10 +41,7 @@ bool KFactorEdit::IsInRange() const
 
 Message KFactorRangeMessage(const Texts& texts)
 {
-    std::string text = texts[kOutOfRangeText];
-    text.append("(").append(GeneralText(kLowestKFactor));
-    text.append("-").append(GeneralText(kHighestKFactor)).append(")");
-    return {.text = text, .icon = Icon::Critical, .titleId = kInstrumentSettingText, .buttons = Buttons::Ok};
+    return RangeMessage(texts, kLowestKFactor, kHighestKFactor, kInstrumentSettingText);
 }
 
 InstrumentCommand KFactorCommand(double kFactor)

@@ -1,5 +1,6 @@
 #include "instrument/MeasuringProgram.h"
 
+#include "app/RangeMessage.h"
 #include "files/NumberText.h"
 #include "instrument/DateTimeText.h"
 #include "resources/SystemTexts.h"
@@ -33,17 +34,17 @@ const NumberRule* RuleOf(ProgramField field)
     return rule != std::end(kNumbers) ? rule : nullptr;
 }
 
-Message Refusal(const std::string& text, int titleId = kInstrumentSettingText)
+Message WrongSetup(const Texts& texts, int titleId = kInstrumentSettingText)
 {
-    return {.text = text, .icon = Icon::Critical, .titleId = titleId, .buttons = Buttons::Ok};
+    return {
+        .text = texts[kWrongSetupText], .icon = Icon::Critical, .titleId = titleId, .buttons = Buttons::Ok};
 }
 
 std::optional<Message> CheckRange(const NumberRule& rule, double value, const Texts& texts)
 {
     if (value >= rule.lowest && value <= rule.highest)
         return std::nullopt;
-    return Refusal(texts[kOutOfRangeText] + "(" + std::to_string(rule.lowest) + "-" +
-                   std::to_string(rule.highest) + ")");
+    return RangeMessage(texts, rule.lowest, rule.highest, kInstrumentSettingText);
 }
 
 std::string Digits(double value, int count)
@@ -57,8 +58,8 @@ std::optional<Message> CheckDate(const ProgramSurroundings& world, std::string_v
         CheckStartDate(text, world.state, world.locale, world.clock.Now());
     if (!fault)
         return std::nullopt;
-    return Refusal(world.texts[kWrongSetupText],
-                   *fault == StartDateFault::Shape ? kProgramNameText : kInstrumentSettingText);
+    return WrongSetup(world.texts,
+                      *fault == StartDateFault::Shape ? kProgramNameText : kInstrumentSettingText);
 }
 
 std::optional<Message> CheckField(const ProgramSurroundings& world, ProgramField field)
@@ -72,7 +73,7 @@ std::optional<Message> CheckField(const ProgramSurroundings& world, ProgramField
         return CheckDate(world, state.ProgramStartDate);
     if (ReadStartTime(state.ProgramStartTime))
         return std::nullopt;
-    return Refusal(world.texts[kWrongSetupText]);
+    return WrongSetup(world.texts);
 }
 
 bool IsNoTime(const InstrumentProgram& program)
@@ -104,7 +105,7 @@ std::optional<Message> CheckMeasureTime(const ProgramSurroundings& world)
 {
     if (!IsNoTime(world.state))
         return std::nullopt;
-    return Refusal(world.texts[kWrongSetupText]);
+    return WrongSetup(world.texts);
 }
 
 MeasureTimeEdit::MeasureTimeEdit(InstrumentProgram& program)

@@ -1,10 +1,8 @@
 #include "measure/LimitInput.h"
 
 #include "app/ApplicationState.h"
+#include "app/RangeMessage.h"
 #include "files/NumberText.h"
-#include "resources/SystemTexts.h"
-
-#include <string>
 
 namespace quorvane {
 
@@ -26,11 +24,8 @@ bool LimitInput::IsValid() const
 
 Message LimitRangeMessage(const Texts& texts)
 {
-    std::string text = texts[kOutOfRangeText];
-    text.append("(").append(GeneralText(kLowestAlarmLimit));
-    text.append("-").append(GeneralText(kHighestAlarmLimit)).append(")");
     // The title is another dialog's; it is kept as the operators know it.
-    return {.text = text, .icon = Icon::Critical, .titleId = kInstrumentSettingText, .buttons = Buttons::Ok};
+    return RangeMessage(texts, kLowestAlarmLimit, kHighestAlarmLimit, kInstrumentSettingText);
 }
 
 } // namespace quorvane

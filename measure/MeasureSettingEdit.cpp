@@ -1,10 +1,9 @@
 #include "measure/MeasureSettingEdit.h"
 
+#include "app/RangeMessage.h"
 #include "files/NumberText.h"
-#include "resources/SystemTexts.h"
 
 #include <cmath>
-#include <string>
 
 namespace quorvane {
 namespace {
@@ -102,8 +101,7 @@ void MeasureSettingEdit::Close()
 
 Message MeasureRangeMessage(MeasureField field, const Texts& texts)
 {
-    return {.text = texts[kOutOfRangeText] + "(1-" + std::to_string(Highest(field)) + ")",
-            .icon = Icon::Critical};
+    return RangeMessage(texts, 1, Highest(field));
 }
 
 } // namespace quorvane
