@@ -1,14 +1,10 @@
 #include "files/FileProfile.h"
 
+#include "app/Utf8.h"
 #include "files/IniText.h"
 
 namespace quorvane {
 namespace {
-
-bool ContinuesCharacter(char byte)
-{
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
 
 /// The first characters of a text in UTF-8. In bytes that are none, four at most count as one.
 std::string FirstCharacters(std::string text, std::size_t most)
@@ -17,7 +13,7 @@ std::string FirstCharacters(std::string text, std::size_t most)
     std::size_t end = 0;
     for (std::size_t count = 0; count < most && end < text.size(); ++count) {
         ++end;
-        for (int i = 0; i < kMostContinuing && end < text.size() && ContinuesCharacter(text[end]); ++i)
+        for (int i = 0; i < kMostContinuing && end < text.size() && !BeginsCharacter(text[end]); ++i)
             ++end;
     }
     text.resize(end);

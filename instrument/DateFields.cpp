@@ -1,5 +1,6 @@
 #include "instrument/DateFields.h"
 
+#include "app/Utf8.h"
 #include "instrument/LocalePattern.h"
 
 #include <algorithm>
@@ -17,8 +18,7 @@ constexpr std::array<std::string_view, 6> kOrders = {"yMd", "ydM", "Mdy", "Myd",
 std::int16_t PositionOf(std::size_t byte, std::string_view text)
 {
     const std::string_view before = text.substr(0, byte);
-    return static_cast<std::int16_t>(
-        1 + std::count_if(before.begin(), before.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+    return static_cast<std::int16_t>(1 + std::count_if(before.begin(), before.end(), BeginsCharacter));
 }
 
 std::size_t NextNumber(std::string_view text, std::size_t begin)

@@ -1,5 +1,6 @@
 #include "instrument/LocaleAnalysis.h"
 
+#include "app/Utf8.h"
 #include "instrument/DateFields.h"
 #include "instrument/DateTimeText.h"
 
@@ -11,11 +12,10 @@ std::int16_t Flag(const std::string& item)
     return item == "1" ? 1 : 0;
 }
 
-/// UTF-8: a lead byte and what continues it.
 std::string FirstCharacter(const std::string& text)
 {
     std::size_t length = text.empty() ? 0 : 1;
-    while (length < text.size() && (text[length] & 0xC0) == 0x80)
+    while (length < text.size() && !BeginsCharacter(text[length]))
         ++length;
     return text.substr(0, length);
 }

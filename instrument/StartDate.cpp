@@ -1,5 +1,6 @@
 #include "instrument/StartDate.h"
 
+#include "app/Utf8.h"
 #include "files/NumberText.h"
 #include "instrument/DateFields.h"
 #include "instrument/DateNormaliser.h"
@@ -13,11 +14,6 @@ namespace {
 
 constexpr int kMonths = 12;
 constexpr std::string_view kOpenDate = "0000/00/00";
-
-bool BeginsCharacter(char c)
-{
-    return (c & 0xC0) != 0x80; // UTF-8
-}
 
 /// So many characters from `position` on, which counts from 1; fewer where the text ends.
 std::string_view Cut(std::string_view text, int position, int length)
