@@ -5,7 +5,7 @@
 namespace quorvane {
 namespace {
 
-constexpr int kLongestText = 32; // more than any number needs
+constexpr int kLongestText = 32; // more than any number or date needs
 
 /// The operator has gone to another control of the window. The program's own moving of the focus is none of
 /// that: two limits that are both out of range would send it to and fro for ever.

@@ -4,8 +4,8 @@
 
 namespace quorvane {
 
-/// The input of one number that is checked when it is left, an exposure limit for instance. Getting the focus
-/// selects the whole text, so that typing replaces it.
+/// The input of one value that is checked when it is left: a number, an exposure limit for instance, or a
+/// date. Getting the focus selects the whole text, so that typing replaces it.
 class CheckedBox final : public QLineEdit {
     Q_OBJECT
 

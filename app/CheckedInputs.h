@@ -13,15 +13,15 @@ namespace quorvane {
 
 class CheckedBox;
 
-/// The number boxes of a window that are looked at while the operator types and checked when he leaves them.
-/// A refused one is told, shows the stored number again, and keeps the focus.
+/// The boxes of a window, of numbers mostly, that are looked at while the operator types and checked when he
+/// leaves them. A refused one is told, shows what is stored again, and keeps the focus.
 class CheckedInputs final : public QObject {
 public:
     struct Input {
         CheckedBox* box;
         std::function<bool(std::string_view text)> edited; ///< takes what was typed; false: refused
         std::function<bool(std::string_view text)> left;   ///< whether the box may be left so
-        std::function<std::string()> stored;               ///< the number as it is shown
+        std::function<std::string()> stored;               ///< what is stored, as it is shown
         std::function<Message()> refusal;
     };
 
@@ -31,7 +31,7 @@ public:
     /// Going to this control leaves a box unchecked: the button that gives everything up.
     void SetWayOut(const QWidget* control) { wayOut_ = control; }
 
-    /// Shows the stored numbers. That is no change by the operator.
+    /// Shows what is stored. That is no change by the operator.
     void Fill();
     /// Checks all, in their order. The first that is refused is told, and gets the focus.
     /// @return whether none is refused

@@ -69,12 +69,13 @@ private:
 /// Three list entries were chosen. @return "hh:mm:ss"
 [[nodiscard]] std::string StartTimeText(int hours, int minutes, int seconds);
 
-/// The hour, minute and second of `ProgramStartTime`; nothing when it is no "hh:mm:ss" of a day.
+/// A time of day.
 struct StartTime {
     int hours = 0;
     int minutes = 0;
     int seconds = 0;
 };
+/// The hour, minute and second of a `ProgramStartTime`; nothing when it is no "hh:mm:ss" of a day.
 [[nodiscard]] std::optional<StartTime> ReadStartTime(std::string_view text);
 
 /// Everything that is checked of the stored program before it is sent, for it may come from a file: the

@@ -2,7 +2,6 @@
 
 #include "app/CheckedBox.h"
 #include "app/QtText.h"
-#include "instrument/FrmQuorvaneSetting.h"
 #include "instrument/ui_FrmQuorvaneSetting.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"

@@ -9,8 +9,8 @@ class QLabel;
 
 namespace quorvane {
 
-class LampView;
 class CheckedBox;
+class LampView;
 
 /// The controls that belong to one exposure limit.
 struct ExposureRow {

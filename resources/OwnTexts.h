@@ -188,8 +188,6 @@ enum OwnText : int {
     kProgramFileTooLargeText = 1284,
     kNotAPlainTextText = 1285,
 
-    // The instrument's settings: what the rules say.
-
     // The dialog that sets the instrument up.
     kStartDateTipText = 1301,
     kCountTipText = 1302,
