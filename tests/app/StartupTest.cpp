@@ -7,120 +7,53 @@
 #include "tests/support/MemoryFileStore.h"
 #include "tests/support/ScriptedPrompts.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace quorvane {
 namespace {
 
-using testing::ElementsAre;
-
-/// What start-up did, in order; the same thing several times in a row is one.
-class Protocol {
-public:
-    void Note(const std::string& event)
-    {
-        if (events.empty() || events.back() != event)
-            events.push_back(event);
-    }
-    std::vector<std::string> events;
-};
-
-struct NotingLock : InstanceLock {
-    explicit NotingLock(Protocol& p) : protocol(p) {}
-    bool PreviousInstanceRunning() override
-    {
-        protocol.Note("instance");
-        return running;
-    }
-    Protocol& protocol;
+struct ScriptedLock : InstanceLock {
+    bool PreviousInstanceRunning() override { return running; }
     bool running = false;
-};
-
-struct NotingSystem : FixedSystemInfo {
-    explicit NotingSystem(Protocol& p) : protocol(p) {}
-    std::optional<BasicVersion> Version() const override
-    {
-        protocol.Note("version");
-        return version;
-    }
-    std::vector<ProcessorRecord> Processors() const override
-    {
-        protocol.Note("processors");
-        return processors;
-    }
-    Protocol& protocol;
-};
-
-struct NotingLocale : FixedLocale {
-    explicit NotingLocale(Protocol& p) : protocol(p) {}
-    std::string SystemLanguageName() const override
-    {
-        protocol.Note("language");
-        return systemLanguageName;
-    }
-    std::string ShortDateFormat() const override
-    {
-        protocol.Note("date format");
-        return shortDateFormat;
-    }
-    Protocol& protocol;
-};
-
-struct NotingStore : MemoryFileStore {
-    explicit NotingStore(Protocol& p) : protocol(p) {}
-    std::optional<FileFault> ReadWhole(const std::string& path, std::string& bytes) const override
-    {
-        protocol.Note("read " + path);
-        return MemoryFileStore::ReadWhole(path, bytes);
-    }
-    Protocol& protocol;
 };
 
 struct StartupTest : testing::Test {
     StartupResult Start()
     {
-        prompts.whileOpen = [this] { protocol.Note("message"); };
-        const auto findFiles = [this] {
-            protocol.Note("files");
-            return ProgramFiles{"app", FilesPlace::UserFolder};
-        };
-        const auto showMainWindow = [this] {
-            protocol.Note("window");
-            stateAtWindow = state;
-        };
+        const auto findFiles = [] { return ProgramFiles{"app", FilesPlace::UserFolder}; };
+        const auto showMainWindow = [this] { stateAtWindow = state; };
         return Main(state, {lock, system, locale, clock, store, prompts, texts, findFiles, showMainWindow});
     }
 
-    Protocol protocol;
-    NotingLock lock{protocol};
-    NotingSystem system{protocol};
-    NotingLocale locale{protocol};
+    ScriptedLock lock;
+    FixedSystemInfo system;
+    FixedLocale locale;
     FixedClock clock;
-    NotingStore store{protocol};
+    MemoryFileStore store;
     ScriptedPrompts prompts;
     ApplicationState state;
-    ApplicationState stateAtWindow;
+    std::optional<ApplicationState> stateAtWindow;
     StringTable table{TableLanguage::English};
     Texts texts{table, state};
-    const std::string languageFile = FileInFolder("app", "Language.dat");
 };
 
-TEST_F(StartupTest, LearnsEverythingInOrderAndThenShowsTheWindow)
+TEST_F(StartupTest, LearnsEverythingBeforeItShowsTheWindow)
 {
-    store.files[languageFile] = "Language = 1\r\n";
+    store.files[FileInFolder("app", "Language.dat")] = "Language = 1\r\n";
+    system.processors = {{"Family 6", "Only", "Maker", 1000, 2000, 512}};
     locale.systemLanguageName = "Japanese";
     locale.shortDateFormat = "dd.MM.yyyy";
     system.version = BasicVersion{6, 1, 2, ""};
     EXPECT_EQ(Start(), StartupResult::Running);
-    EXPECT_THAT(protocol.events, ElementsAre("instance", "files", "version", "processors", "language",
-                                             "date format", "read " + languageFile, "window"));
-    EXPECT_EQ(stateAtWindow.AppPath, "app");
-    EXPECT_EQ(stateAtWindow.OsKind, 7);
-    EXPECT_EQ(stateAtWindow.SystemLanguageName, "Japanese");
-    EXPECT_EQ(stateAtWindow.ShortDateFormat, "dd.MM.yyyy");
-    EXPECT_EQ(stateAtWindow.LanguageMode, 1);
-    EXPECT_EQ(stateAtWindow.LanguageOffset, 0) << "the window sets it";
+    ASSERT_TRUE(stateAtWindow);
+    EXPECT_EQ(stateAtWindow->AppPath, "app");
+    EXPECT_EQ(stateAtWindow->OsKind, 7);
+    EXPECT_EQ(stateAtWindow->CpuName, "Only");
+    EXPECT_EQ(stateAtWindow->SystemLanguageName, "Japanese");
+    EXPECT_EQ(stateAtWindow->ShortDateFormat, "dd.MM.yyyy");
+    EXPECT_EQ(stateAtWindow->LanguageMode, 1);
+    EXPECT_EQ(stateAtWindow->LanguageOffset, 0) << "the window sets it";
     EXPECT_TRUE(prompts.messages.empty());
 }
 
@@ -128,14 +61,14 @@ TEST_F(StartupTest, ASecondInstanceSaysSoAndDoesNothingElse)
 {
     lock.running = true;
     EXPECT_EQ(Start(), StartupResult::AlreadyRunning);
-    EXPECT_THAT(protocol.events, ElementsAre("instance", "message"));
+    EXPECT_FALSE(stateAtWindow);
     ASSERT_EQ(prompts.messages.size(), 1U);
     EXPECT_EQ(prompts.messages[0].text, "Two or more startings cannot do this application.");
     EXPECT_EQ(prompts.messages[0].icon, Icon::Exclamation);
     EXPECT_EQ(prompts.messages[0].titleId, 101);
     EXPECT_EQ(prompts.messages[0].buttons, Buttons::Ok);
     EXPECT_EQ(state.AppPath, "");
-    EXPECT_TRUE(store.files.empty());
+    EXPECT_EQ(state.ShortDateFormat, "");
 }
 
 TEST_F(StartupTest, NothingThatIsMissingKeepsTheProgramFromStarting)
