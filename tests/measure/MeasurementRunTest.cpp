@@ -253,22 +253,5 @@ TEST(MeasurementRun, GoesOnOverMidnight)
               std::chrono::local_days(std::chrono::year(2024) / 2 / 29).time_since_epoch());
 }
 
-TEST(MeasurementRun, TheButtonStartsAndStops)
-{
-    RunWorld with;
-    with.GiveLines(3);
-    EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure Start");
-    with.listener.onSample = [&](int sample) {
-        EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure End");
-        EXPECT_EQ(with.run.Start(), RunResult::AlreadyRunning);
-        if (sample == 2)
-            with.run.Stop();
-    };
-    with.run.Start();
-    EXPECT_EQ(with.listener.results, std::vector<RunResult>{RunResult::Stopped});
-    EXPECT_EQ(with.state.SampleCount, 2);
-    EXPECT_EQ(with.texts[with.run.Command1CaptionId()], "Measure Start");
-}
-
 } // namespace
 } // namespace quorvane
