@@ -173,15 +173,6 @@ TEST_F(SaveDialogTest, AFolderIsEnteredAndAPathThatCannotBeTakenLeadsBack)
     EXPECT_EQ(Ask(), Path(u"sub/other.csv"_qs));
 }
 
-TEST_F(SaveDialogTest, CancelGivesNoName)
-{
-    someone.Does({[](QDialog& dialog) {
-        QTest::keyClicks(&Name(dialog), u"run"_qs);
-        Click(u"Cancel"_qs)(dialog);
-    }});
-    EXPECT_EQ(Ask(), "cancelled");
-}
-
 TEST_F(SaveDialogTest, ItStartsInItsFolderOrAtHome)
 {
     const QByteArray home = qgetenv("HOME");
