@@ -2,6 +2,7 @@
 
 #include "tests/support/FakeChart.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -160,54 +161,38 @@ TEST(LiveChart, AxisResetWaitsForAnAxisAboveFiftyAndIsDoneOnce)
     EXPECT_EQ(top(), 130) << "a run's start settles it";
 }
 
-TEST(LiveChart, RebuildingShowsWhatMeasuringShowed)
+TEST(LiveChart, ARunThatCouldNotStartShowsTheEarlierOneAgain)
 {
     for (const auto& flags : {kBothRelative, kAllMass}) {
         ChartWorld with;
         with.Choose(flags);
         with.chart.PrepareRun();
-        for (int second = 0; second < 90; ++second)
-            with.Measure(second, second * 37 % 101);
+        with.Measure(0, 30);
+        with.Measure(60, 70); // beyond the window, and above both axes
+        with.arrays.Simulated = true;
         const auto points = with.control.points;
         const FakeChart::Limits limits = with.control.limits;
+
+        with.state.RunMode = true;
+        with.chart.PrepareRun();
+        EXPECT_FALSE(with.control.simulated);
         with.control.repaints = 0;
         with.control.calls.clear();
-
         with.chart.Rebuild();
         EXPECT_EQ(with.control.points, points);
         EXPECT_EQ(with.control.limits, limits);
+        EXPECT_TRUE(with.control.simulated);
+        EXPECT_EQ(with.chart.Readings(), 2);
         EXPECT_EQ(with.control.repaints, 1);
-        const Calls& calls = with.control.calls;
-        EXPECT_EQ(std::ranges::count(calls, "off"), 1);
-        EXPECT_EQ(std::ranges::count(calls, "on"), 1);
+        EXPECT_EQ(std::ranges::count(with.control.calls, "off"), 1);
+        EXPECT_EQ(std::ranges::count(with.control.calls, "on"), 1);
+
+        with.state.RunMode = false; // without readings it says what a run would show
+        with.state.SampleCount = 0;
+        with.arrays.Create(0);
+        with.chart.Rebuild();
+        EXPECT_TRUE(with.control.simulated);
     }
-}
-
-TEST(LiveChart, ARunThatCouldNotStartShowsTheEarlierOneAgain)
-{
-    ChartWorld with;
-    with.Choose(kAllMass);
-    with.chart.PrepareRun();
-    with.Measure(0, 8);
-    with.Measure(60, 20);
-    with.arrays.Simulated = true;
-    const auto points = with.control.points;
-    const FakeChart::Limits limits = with.control.limits;
-
-    with.state.RunMode = true;
-    with.chart.PrepareRun();
-    EXPECT_FALSE(with.control.simulated);
-    with.chart.Rebuild();
-    EXPECT_EQ(with.control.points, points);
-    EXPECT_EQ(with.control.limits, limits);
-    EXPECT_TRUE(with.control.simulated);
-    EXPECT_EQ(with.chart.Readings(), 2);
-
-    with.state.RunMode = false; // without readings it says what a run would show
-    with.state.SampleCount = 0;
-    with.arrays.Create(0);
-    with.chart.Rebuild();
-    EXPECT_TRUE(with.control.simulated);
 }
 
 TEST(LiveChart, EditedFlagsChartTheReadingsThatAreThere)
