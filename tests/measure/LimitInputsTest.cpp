@@ -83,13 +83,16 @@ TEST_F(LimitInputsTest, DoNotSendTheFocusToAndFroWhenSeveralAreOutOfRange)
     EXPECT_EQ(prompts.messages.size(), 2U);
 }
 
-TEST_F(LimitInputsTest, AreNotChangedByBeingFilled)
+TEST_F(LimitInputsTest, AreNotChangedByBeingFilledAndTakeTheUsersDecimalSign)
 {
-    state.TwaAlarm = 20; // out of range in the file; shown as it is, and told when it matters
+    locale.decimalSign = ",";
+    state.TwaAlarm = 20.5; // out of range in the file; shown as it is, and told when it matters
     Open();
     EXPECT_TRUE(prompts.messages.empty());
-    EXPECT_EQ(Box(1)->text(), QStringLiteral("20"));
-    EXPECT_EQ(state.TwaAlarm, 20);
+    EXPECT_EQ(Box(1)->text(), QStringLiteral("20,5"));
+    EXPECT_EQ(state.TwaAlarm, 20.5);
+    Type(1, "0,25");
+    EXPECT_EQ(state.TwaAlarm, 0.25);
 }
 
 TEST_F(LimitInputsTest, HoldTheWindowWhileTheirMessageIsOpen)
@@ -102,18 +105,6 @@ TEST_F(LimitInputsTest, HoldTheWindowWhileTheirMessageIsOpen)
     Type(1, "11");
     QApplication::processEvents();
     EXPECT_FALSE(window->isVisible()); // the close comes back when the message has been read
-}
-
-TEST_F(LimitInputsTest, TakeTheUsersDecimalSignAndThePoint)
-{
-    locale.decimalSign = ",";
-    state.TwaAlarm = 0.5;
-    Open();
-    EXPECT_EQ(Box(1)->text(), QStringLiteral("0,5"));
-    Type(1, "0,25");
-    EXPECT_EQ(state.TwaAlarm, 0.25);
-    Type(1, "0.125");
-    EXPECT_EQ(state.TwaAlarm, 0.125);
 }
 
 TEST_F(LimitInputsTest, AreNotCheckedWhenAnotherWindowTakesTheFocus)
