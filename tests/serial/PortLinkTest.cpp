@@ -71,15 +71,6 @@ TEST(PortLink, NeedsNoPortWithoutRunMode)
 
 // ---- waiting --------------------------------------------------------------------------------------------
 
-TEST(PortLink, WaitsForItsTicks)
-{
-    LinkWorld with;
-    EXPECT_EQ(with.link.WaitTicks(3, 100ms), WaitOutcome::Elapsed);
-    EXPECT_GE(with.world.Elapsed(), 300ms);
-    EXPECT_LE(with.world.Elapsed(), 320ms);
-    EXPECT_FALSE(with.timer1.Enabled());
-}
-
 TEST(PortLink, EndsAWaitWhenTheWorldChanges)
 {
     LinkWorld with;
@@ -160,17 +151,6 @@ TEST(PortLink, DrainsWithoutLimitUntilTheOperatorStops)
     EXPECT_GE(with.world.Elapsed(), 1h);
     EXPECT_EQ(with.port.sent.size(), 1U);
     EXPECT_EQ(with.LoggedErrors(), "") << "stopped, not failed";
-}
-
-TEST(PortLink, SendsNothingWhileTheInstrumentStreams)
-{
-    LinkWorld with;
-    ASSERT_TRUE(with.link.OpenPort());
-    with.link.SetStreaming(true);
-    EXPECT_FALSE(with.link.CheckInstrument());
-    EXPECT_EQ(with.link.WaitTicks(1, 100ms), WaitOutcome::Cancelled);
-    EXPECT_TRUE(with.port.sent.empty());
-    EXPECT_EQ(with.LoggedErrors(), "");
 }
 
 TEST(PortLink, LogsWhatHadComeWhenTheExchangeBreaks)
