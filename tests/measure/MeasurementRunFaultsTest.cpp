@@ -328,23 +328,6 @@ TEST(MeasurementRunFaults, ASecondStopAbandonsTheStopExchange)
     ExpectTidy(with);
 }
 
-TEST(MeasurementRunFaults, TwoStopsAtOnceAreOne)
-{
-    RunWorld with;
-    with.GiveLines(3);
-    with.listener.onSample = [&](int sample) {
-        if (sample != 2)
-            return;
-        with.run.Stop();
-        with.run.Stop();
-    };
-    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
-    EXPECT_EQ(with.port.sent.back(), "N\r\n") << "or the instrument would stream on";
-    EXPECT_EQ(with.port.sent.size(), 5U);
-    EXPECT_EQ(with.run.Status().taken, 2);
-    ExpectTidy(with);
-}
-
 TEST(MeasurementRunFaults, AMessageBoxThatHoldsTheLoopLosesNothing)
 {
     for (const bool withInstrument : {true, false}) {
