@@ -51,21 +51,6 @@ TEST(SettingOptions, RefuseWhatCannotBeDone)
     EXPECT_FALSE(SettingActionNamed("measure"));
 }
 
-TEST(SettingOptions, AreTakenAsTheyAreGiven)
-{
-    SettingOptions options;
-    ASSERT_FALSE(ReadSettingOptions(SettingAction::Program,
-                                    Arguments{"--start", "2024-05-01 09:30:00", "--measure-time", "9:05",
-                                              "--count", "30000", "--send", "--port", "COM3"},
-                                    options));
-    EXPECT_EQ(options.program.start, LocalMoment(1714555800s)); // date -u -d '2024-05-01 09:30:00' +%s
-    EXPECT_EQ(options.program.hours, 9);
-    EXPECT_EQ(options.program.minutes, 5);
-    EXPECT_EQ(options.program.count, 30000);
-    EXPECT_TRUE(options.send);
-    EXPECT_EQ(options.port, "COM3");
-}
-
 TEST(StoreProgram, NoticesADateThatDoesNotReachTheInstrument)
 {
     using std::chrono::local_days;
