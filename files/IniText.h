@@ -6,12 +6,12 @@
 
 namespace quorvane {
 
-/// The text of a private-profile file, as bytes of a code page that has ASCII in its lower half. Lines end in
-/// CR LF, LF or CR. A section begins with a line "[name]", whatever stands behind the last "]", and ends with
-/// the next such line; every other line is a key up to its first "=" and a value behind it. Nobody asks for a
-/// key that begins with ";", which makes such lines remarks. Blanks around names and values do not count, nor
-/// does the case of ASCII letters in names. Of several sections of a name, and of several equal keys in it,
-/// only the first is looked at.
+// The text of a private-profile file, as bytes of a code page that has ASCII in its lower half. Lines end in
+// CR LF, LF or CR. A section begins with a line "[name]", whatever stands behind the last "]", and ends with
+// the next such line; every other line is a key up to its first "=" and a value behind it. Nobody asks for a
+// key that begins with ";", which makes such lines remarks. Blanks around names and values do not count, nor
+// does the case of ASCII letters in names. Of several sections of a name, and of several equal keys in it,
+// only the first is looked at.
 
 /// The value, without blanks around it and without a pair of quotation marks (both single or both double)
 /// around it; it ends at its first NUL.
