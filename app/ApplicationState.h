@@ -81,7 +81,8 @@ struct InstrumentProgram {
     double KFactor = 0; ///< mg/m3 per count per minute
 };
 
-/// The computer's clock as the instrument settings showed it last, in the instrument's form.
+/// The computer's clock as the instrument settings showed it last, in the instrument's form; for whoever
+/// wants to know, nothing in the program does.
 struct ShownClock {
     std::string SystemDateText;
     std::string SystemTimeText;

@@ -178,7 +178,7 @@ bool Setting::LoadProgram()
 int Setting::KFactor()
 {
     state_.KFactor = options_.kFactor;
-    if (!KFactorEdit(state_).IsValid()) {
+    if (!IsValidKFactor(state_.KFactor)) {
         line_.Messages().Show(KFactorRangeMessage(world_.texts));
         return kExitFailed;
     }

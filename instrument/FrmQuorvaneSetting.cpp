@@ -60,14 +60,8 @@ FrmQuorvaneSetting::FrmQuorvaneSetting(ApplicationState& state, const Parts& par
       }()),
       programInputs_({StartDateInput(), InputOf(ui_->Text2, ProgramField::Hours),
                       InputOf(ui_->Text3, ProgramField::Minutes), InputOf(ui_->Text1, ProgramField::Count)},
-                     [this](const Message& message) {
-                         const Question question(*this);
-                         parts_.session.prompts.Show(message);
-                     }),
-      kFactorInputs_({KFactorInput()}, [this](const Message& message) {
-          const Question question(*this);
-          parts_.session.prompts.Show(message);
-      })
+                     [this](const Message& message) { Tell(message); }),
+      kFactorInputs_({KFactorInput()}, [this](const Message& message) { Tell(message); })
 {
     FillWithNumbers(*ui_->Combo1, kHours);
     FillWithNumbers(*ui_->Combo2, kSixty);
@@ -128,6 +122,12 @@ void FrmQuorvaneSetting::Closed()
     hide();
 }
 
+void FrmQuorvaneSetting::Tell(const Message& message)
+{
+    const Question question(*this);
+    parts_.session.prompts.Show(message);
+}
+
 void FrmQuorvaneSetting::Connect()
 {
     for (QComboBox* const list : {ui_->Combo1, ui_->Combo2, ui_->Combo3})
@@ -164,31 +164,17 @@ CheckedInputs::Input FrmQuorvaneSetting::InputOf(CheckedBox* box, ProgramField f
         .box = box,
         .edited = [](std::string_view) { return true; }, // stored when the box is left
         .left =
-            [this, field](std::string_view text) {
-                refusal_ = LeaveTimePart(field, text);
+            [this, field, sign](std::string_view text) {
+                const bool withinPair = ui_->Text2->hasFocus() || ui_->Text3->hasFocus();
+                refusal_ = field == ProgramField::Count
+                               ? LeaveProgramNumber(program_, field, text, sign)
+                               : measureTime_.Leave(program_, field, text, sign, withinPair);
                 ShowTotal();
                 return !refusal_;
             },
-        .stored =
-            [this, field, sign] {
-                const double value = field == ProgramField::Count   ? state_.ProgramMeasureCount
-                                     : field == ProgramField::Hours ? state_.ProgramMeasureHours
-                                                                    : state_.ProgramMeasureMinutes;
-                return GeneralText(value, sign);
-            },
+        .stored = [this, field, sign] { return GeneralText(ProgramNumber(state_, field), sign); },
         .refusal = [this] { return *refusal_; },
     };
-}
-
-/// Hours and minutes may both be 0 only while the operator is on the way from one to the other.
-std::optional<Message> FrmQuorvaneSetting::LeaveTimePart(ProgramField field, std::string_view text)
-{
-    auto refused = LeaveProgramNumber(program_, field, text, parts_.session.locale.DecimalSign());
-    measureTime_.Keep();
-    const bool withinPair = ui_->Text2->hasFocus() || ui_->Text3->hasFocus();
-    if (refused || field == ProgramField::Count || withinPair)
-        return refused;
-    return CheckMeasureTime(program_);
 }
 
 CheckedInputs::Input FrmQuorvaneSetting::StartDateInput()
@@ -216,7 +202,6 @@ void FrmQuorvaneSetting::ShowProgram()
     typedDate_ = state_.ProgramStartDate;
     programInputs_.Fill();
     ShowDateHint();
-    ShowStartTime();
     ShowTotal();
 }
 
@@ -280,6 +265,7 @@ void FrmQuorvaneSetting::OpenProgram()
     if (!parts_.programFile.OpenProgram())
         return;
     measureTime_ = MeasureTimeEdit(state_);
+    ShowStartTime();
     ShowProgram();
 }
 

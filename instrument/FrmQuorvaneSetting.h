@@ -46,10 +46,10 @@ protected:
 private:
     class Question;
     void Connect();
+    void Tell(const Message& message);
     [[nodiscard]] CheckedInputs::Input InputOf(CheckedBox* box, ProgramField field);
     [[nodiscard]] CheckedInputs::Input StartDateInput();
     [[nodiscard]] CheckedInputs::Input KFactorInput();
-    [[nodiscard]] std::optional<Message> LeaveTimePart(ProgramField field, std::string_view text);
 
     void ShowProgram();
     void ShowDateHint();

@@ -5,10 +5,14 @@
 
 namespace quorvane {
 
+bool IsValidKFactor(double kFactor)
+{
+    return kFactor >= kLowestKFactor && kFactor <= kHighestKFactor;
+}
+
 KFactorEdit::KFactorEdit(InstrumentProgram& program) : program_(program)
 {
-    if (IsInRange())
-        lastValid_ = program_.KFactor;
+    static_cast<void>(IsValid());
 }
 
 bool KFactorEdit::TextChanged(std::string_view text, std::string_view decimalSign)
@@ -22,7 +26,7 @@ bool KFactorEdit::TextChanged(std::string_view text, std::string_view decimalSig
 
 bool KFactorEdit::IsValid()
 {
-    if (!IsInRange())
+    if (!IsValidKFactor(program_.KFactor))
         return false;
     lastValid_ = program_.KFactor;
     return true;
@@ -32,11 +36,6 @@ void KFactorEdit::Close()
 {
     if (program_.KFactor < kLowestKFactor && lastValid_)
         program_.KFactor = *lastValid_;
-}
-
-bool KFactorEdit::IsInRange() const
-{
-    return program_.KFactor >= kLowestKFactor && program_.KFactor <= kHighestKFactor;
 }
 
 Message KFactorRangeMessage(const Texts& texts)

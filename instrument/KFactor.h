@@ -14,6 +14,9 @@ namespace quorvane {
 inline constexpr double kLowestKFactor = 0.0001;
 inline constexpr double kHighestKFactor = 0.0099;
 
+/// Whether an instrument takes it.
+[[nodiscard]] bool IsValidKFactor(double kFactor);
+
 /// The K-factor being edited. It changes while the operator types; the upper limit holds then already, the
 /// lower one only when the box is left, because 0 stands on the way to 0.0012.
 class KFactorEdit {
@@ -34,8 +37,6 @@ public:
     void Close();
 
 private:
-    [[nodiscard]] bool IsInRange() const;
-
     InstrumentProgram& program_;
     std::optional<double> lastValid_;
 };

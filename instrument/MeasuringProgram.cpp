@@ -101,6 +101,12 @@ std::optional<Message> LeaveProgramNumber(const ProgramSurroundings& world, Prog
     return std::nullopt;
 }
 
+double ProgramNumber(const InstrumentProgram& program, ProgramField field)
+{
+    const NumberRule* const rule = RuleOf(field);
+    return rule != nullptr ? program.*rule->number : 0;
+}
+
 std::optional<Message> CheckMeasureTime(const ProgramSurroundings& world)
 {
     if (!IsNoTime(world.state))
@@ -111,6 +117,15 @@ std::optional<Message> CheckMeasureTime(const ProgramSurroundings& world)
 MeasureTimeEdit::MeasureTimeEdit(InstrumentProgram& program)
     : program_(&program), hours_(program.ProgramMeasureHours), minutes_(program.ProgramMeasureMinutes)
 {
+}
+
+std::optional<Message> MeasureTimeEdit::Leave(const ProgramSurroundings& world, ProgramField field,
+                                              std::string_view text, std::string_view decimalSign,
+                                              bool forTheOther)
+{
+    std::optional<Message> refusal = LeaveProgramNumber(world, field, text, decimalSign);
+    Keep();
+    return refusal || forTheOther ? refusal : CheckMeasureTime(world);
 }
 
 void MeasureTimeEdit::Keep()

@@ -40,6 +40,9 @@ struct ProgramFault {
 [[nodiscard]] std::optional<Message> LeaveProgramNumber(const ProgramSurroundings& world, ProgramField field,
                                                         std::string_view text, std::string_view decimalSign);
 
+/// The number of `Count`, `Hours` or `Minutes`; 0 for a field that is none.
+[[nodiscard]] double ProgramNumber(const InstrumentProgram& program, ProgramField field);
+
 /// Hours and minutes are both 0 as they are sent, which is no time to measure.
 /// @return what the operator is told, or nothing
 [[nodiscard]] std::optional<Message> CheckMeasureTime(const ProgramSurroundings& world);
@@ -50,12 +53,18 @@ class MeasureTimeEdit {
 public:
     explicit MeasureTimeEdit(InstrumentProgram& program);
 
-    /// A part of it was stored: remembers a time to which `Close` goes back.
-    void Keep();
+    /// Hours or minutes are about to be left, see `LeaveProgramNumber`. Unless the other of the two is what
+    /// the operator goes to, they must not both be 0.
+    /// @return what the operator is told, or nothing
+    [[nodiscard]] std::optional<Message> Leave(const ProgramSurroundings& world, ProgramField field,
+                                               std::string_view text, std::string_view decimalSign,
+                                               bool forTheOther);
     /// The dialog closes without another look: 0:00 becomes again what it last was, and the total with it.
     void Close();
 
 private:
+    void Keep();
+
     InstrumentProgram* program_;
     double hours_;
     double minutes_;

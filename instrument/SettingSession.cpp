@@ -25,6 +25,7 @@ SettingSession::SettingSession(ApplicationState& state, const Parts& parts, Sett
     : state_(state),
       parts_(parts),
       view_(view),
+      program_{state, parts.locale, parts.clock, parts.texts},
       exchange_(state, parts.link, parts.control, parts.log),
       instrumentClock_(state, parts.link, parts.control, parts.log)
 {
@@ -200,10 +201,9 @@ bool SettingSession::MaySend(InstrumentSend send)
 
 bool SettingSession::ProgramMayBeSent()
 {
-    const ProgramSurroundings world{state_, parts_.locale, parts_.clock, parts_.texts};
-    std::optional<ProgramFault> fault = CheckProgram(world);
+    std::optional<ProgramFault> fault = CheckProgram(program_);
     if (!fault && state_.RunMode)
-        fault = CheckStartMoment(world);
+        fault = CheckStartMoment(program_);
     if (!fault)
         return true;
     if (!fault->message.text.empty())
@@ -215,7 +215,7 @@ bool SettingSession::ProgramMayBeSent()
 
 bool SettingSession::KFactorMayBeSent()
 {
-    if (KFactorEdit(state_).IsValid())
+    if (IsValidKFactor(state_.KFactor))
         return true;
     parts_.prompts.Show(KFactorRangeMessage(parts_.texts));
     if (!closing_)
@@ -271,7 +271,7 @@ InstrumentCommand SettingSession::CommandFor(InstrumentSend send)
 {
     switch (send) {
     case InstrumentSend::Program:
-        return ProgramCommand({state_, parts_.locale, parts_.clock, parts_.texts});
+        return ProgramCommand(program_);
     case InstrumentSend::Clock:
         break;
     case InstrumentSend::KFactor:

@@ -96,6 +96,7 @@ private:
     ApplicationState& state_;
     Parts parts_;
     SettingView& view_;
+    ProgramSurroundings program_;
     CommandExchange exchange_;
     InstrumentClock instrumentClock_;
 
@@ -104,7 +105,7 @@ private:
     bool sending_ = false;
     bool reading_ = false;
     bool clockPageShown_ = false;
-    bool ExchangeFailed = false;                ///< the last send; the next clock read clears it
+    bool ExchangeFailed = false; ///< the last send; the next clock read clears it, and nothing else asks
     std::optional<InstrumentSend> waitingSend_; ///< until the clock read has unwound
     std::optional<InstrumentSend> exchanging_;  ///< what the view shows as being sent
     ClockTexts shownInstrument_;

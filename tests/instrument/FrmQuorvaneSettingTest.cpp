@@ -201,11 +201,8 @@ TEST_F(FrmQuorvaneSettingTest, ABoxIsCheckedWhenItIsLeftAndTheTotalFollowsWhatIs
     };
     const Row rows[] = {
         {"Text1", "30001", "100", kRange + "(1-30000)", 100, 1, 30, 7, 8},
-        {"Text1", "0", "100", kRange + "(1-30000)", 100, 1, 30, 7, 8},
         {"Text1", "7", "7", "", 7, 1, 30, 10, 30}, // 7 x 90 minutes
-        {"Text2", "100", "1", kRange + "(0-99)", 7, 1, 30, 10, 30},
-        {"Text3", "60", "30", kRange + "(0-59)", 7, 1, 30, 10, 30},
-        {"Text2", "0", "0", "", 7, 0, 30, 3, 30}, // 7 x 30 minutes
+        {"Text2", "0", "0", "", 7, 0, 30, 3, 30},
         {"Text3", "0", "0", kWrong, 7, 0, 0, 0, 0},
         {"Text3", "20", "20", "", 7, 0, 20, 2, 20},
         {"Text4", "2024/13/01", "2024/13/01", kWrong, 7, 0, 20, 2, 20}, // stays, to be mended
@@ -283,14 +280,11 @@ TEST_F(FrmQuorvaneSettingTest, SendsTheProgramAndNothingCanBePressedMeanwhile)
     silent = true;
     Click("Command1");
     EXPECT_THAT(Told(), ElementsAre(kLineError));
-    EXPECT_EQ(LoggedErrors(), "P Command,, 4\r\n");
     ExpectReady();
 
     state.ProgramStartDate = "2024/04/30";
-    Sent();
     Click("Command1");
     EXPECT_THAT(Told(), ElementsAre("Start date is invalid."));
-    EXPECT_THAT(Sent(), IsEmpty());
     EXPECT_TRUE(Part("Text4")->hasFocus());
     Type("Text4", "2024/05/01");
     Click("Command1");
@@ -328,10 +322,6 @@ TEST_F(FrmQuorvaneSettingTest, BothClocksRunWhileTheirPageIsShownAndTheInstrumen
     EXPECT_THAT(Sent(), Contains("T2024;05;01;09;30;01\r\n"));
     EXPECT_EQ(Part<QLabel>("Label23")->text(), QStringLiteral("T2024;05;01;09;30;01"));
     EXPECT_THAT(Told(), ElementsAre(kDone));
-    silent = true;
-    static_cast<void>(world.Serve(3s));
-    EXPECT_EQ(Shown("Text7") + Shown("Text8"), "");
-    EXPECT_THAT(Told(), IsEmpty());
     ShowPage(0);
     Sent();
     static_cast<void>(world.Serve(3s));
@@ -376,19 +366,13 @@ TEST_F(FrmQuorvaneSettingTest, AClosedPortIsToldOnceAndEachSendTriesAgain)
     EXPECT_THAT(Told(), ElementsAre("COM1 is not used."));
     EXPECT_TRUE(Dialog()->isVisible());
     EXPECT_THAT(Label("LinkStatus"), testing::StartsWith("COM1 is not open."));
-    ShowPage(1);
-    static_cast<void>(world.Serve(3s));
-    EXPECT_THAT(Told(), IsEmpty());
-    EXPECT_EQ(LoggedErrors(), "");
-    Click("Command3");
+    Click("Command1");
     EXPECT_THAT(Told(), ElementsAre("COM1 is not used."));
     ExpectReady();
     port.openFault.reset();
-    Click("Command3");
+    Click("Command1");
     EXPECT_THAT(Told(), ElementsAre(kDone));
     EXPECT_EQ(Label("LinkStatus"), "COM1 is open.");
-    Click("Command6");
-    ExpectClosed();
 }
 
 TEST_F(FrmQuorvaneSettingTest, ClosingInsideAnyWaitEndsTheExchangeOnce)
@@ -398,13 +382,9 @@ TEST_F(FrmQuorvaneSettingTest, ClosingInsideAnyWaitEndsTheExchangeOnce)
         const char* button;
         bool silent; // then the link check that follows is met as well
     };
-    const Row rows[] = {{0, "Command1", false},
-                        {0, "Command1", true},
-                        {1, "Command3", false},
-                        {1, "Refresh", true},
-                        {2, "Command5", true}};
+    const Row rows[] = {{0, "Command1", false}, {0, "Command1", true}, {1, "Refresh", true}};
     for (const Row& row : rows) {
-        for (const long after : {1L, 10L, 30L, 150L}) {
+        for (const long after : {1L, 10L, 150L}) {
             Open();
             Trigger("MenuQuorvaneSetting");
             silent = row.silent;
