@@ -57,6 +57,7 @@ std::string InstrumentClock::ReadInstrumentClock(const ClockTexts& computer)
     if (!control_.IsOpen())
         return {};
 
+    asked_ = true;
     CommandReply answer =
         RequestAcknowledgement(link_, control_, {.letter = kReadClockLetter, .parameters = {}});
     if (IsInterrupted(answer.wait)) {
@@ -86,16 +87,18 @@ bool InstrumentClock::ReadRecord(CommandReply& answer)
 
 void InstrumentClock::DropLateAnswer()
 {
-    if (!answerMissing_)
+    if (!asked_)
         return;
-    for (int round = 0; round < kLateRounds && control_.InBufferCount() < kWholeAnswer; ++round) {
+    const int rounds = answerMissing_ ? kLateRounds : 0;
+    for (int round = 0; round < rounds && control_.InBufferCount() < kWholeAnswer; ++round) {
         if (!control_.IsOpen())
             break;
         if (IsInterrupted(link_.WaitTicks(3, 100ms)))
             return; // the answer is still to come
     }
+    // Also behind a read that got an answer: it may have been an earlier one's, and its own came later.
     control_.ClearInBuffer();
-    answerMissing_ = false;
+    asked_ = answerMissing_ = false;
 }
 
 } // namespace quorvane

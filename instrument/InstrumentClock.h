@@ -45,9 +45,9 @@ public:
     /// @return the record, "yyyy/MM/dd hh:mm:ss" and CR LF; empty after a failure and when it was cancelled
     [[nodiscard]] std::string ReadInstrumentClock(const ClockTexts& computer);
 
-    /// After a cancelled read its answer is still under way: waits until it is there, as long as the read
-    /// itself would have, and drops it, so that it is not taken for the next command's. Does nothing when no
-    /// answer is missing.
+    /// Drops what came of earlier reads too late to be taken, so that it is not taken for the answer to the
+    /// next command. The answer to a cancelled read is waited for, as long as the read itself would have.
+    /// Does nothing when there was no read since the last call.
     void DropLateAnswer();
 
 private:
@@ -57,7 +57,8 @@ private:
     PortLink& link_;
     SerialControl& control_;
     SerialLog& log_;
-    bool answerMissing_ = false;
+    bool asked_ = false;         ///< since the last drop
+    bool answerMissing_ = false; ///< of a read that was cancelled
 };
 
 } // namespace quorvane

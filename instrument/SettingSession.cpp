@@ -144,7 +144,7 @@ void SettingSession::ShowClocks()
         return;
     }
     ExchangeFailed = false;            // meant: the read follows all the same
-    instrumentClock_.DropLateAnswer(); // of a read that something else has cancelled
+    instrumentClock_.DropLateAnswer(); // or every later reading would be the one before
     if (Interrupted())
         return;
     std::string record;

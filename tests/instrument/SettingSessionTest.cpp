@@ -154,6 +154,19 @@ TEST(SettingSession, ReadsBothClocksWhileTheirPageIsShown)
     with.session->RefreshClock();
     EXPECT_EQ(with.port.Waiting(), 0) << "or every later reading would be the one before";
 
+    SettingWorld slow;
+    slow.session->Open();
+    slow.silent = "M";
+    slow.port.Deliver(1250ms, "AM\r\n2024/05/01 11:11:11\r\n"); // when the read has given up
+    slow.session->RefreshClock();
+    slow.Pass(200ms);
+    slow.silent = "";
+    slow.session->RefreshClock();
+    EXPECT_EQ(slow.view.notes.back(), "there 2024/05/01 12:00:05") << "its own answer";
+    slow.port.Arrive("AM\r\n2024/05/01 11:11:11\r\n");
+    slow.session->Send(KFactor);
+    EXPECT_EQ(slow.prompts.messages.back().text, "It completed.");
+
     SettingWorld debug;
     debug.state.RunMode = false;
     debug.session->Open();
