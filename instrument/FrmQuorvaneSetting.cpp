@@ -189,6 +189,8 @@ CheckedInputs::Input FrmQuorvaneSetting::StartDateInput()
         .left =
             [this](std::string_view text) {
                 refusal_ = LeaveStartDate(program_, text);
+                if (!refusal_)
+                    typedDate_ = state_.ProgramStartDate; // blanks around it are gone
                 ShowDateHint();
                 return !refusal_;
             },

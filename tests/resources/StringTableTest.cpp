@@ -55,13 +55,13 @@ TEST(StringTable, EveryTextIsInEnglishAgainTenThousandAboveWhateverTheLanguage)
 
 TEST(StringTable, JapaneseTextsAreTranslatedAndComplete)
 {
-    const std::set<int> sameInBoth = {
-        101, 128, 166, 167, 168, 174, 249, 273, 280, 281, 282, 292, kTwaColumnText, kStelColumnText}; // names, symbols
+    const std::set<int> namesAndSymbols = {
+        101, 128, 166, 167, 168, 174, 249, 273, 280, 281, 282, 292, kTwaColumnText, kStelColumnText};
     for (const int id : KnownNumbers()) {
         const std::string english = kEnglish.Text(id, 0);
         const std::string japanese = kJapanese.Text(id, 0);
         EXPECT_FALSE(japanese.empty()) << id;
-        EXPECT_EQ(english == japanese, sameInBoth.contains(id)) << id;
+        EXPECT_EQ(english == japanese, namesAndSymbols.contains(id)) << id;
         EXPECT_TRUE(std::ranges::all_of(english, [](char c) { return c >= ' ' && c <= '~'; })) << id;
         EXPECT_EQ(CountOf("%1", english), CountOf("%1", japanese)) << id;
         EXPECT_EQ(Mnemonic(english), Mnemonic(japanese)) << id;
