@@ -258,7 +258,7 @@ void FrmMenu::MenuQuorvaneSetting()
     focusBefore_ = focusWidget();
     setEnabled(false);
     instrumentSetting_->setEnabled(true); // a window of its own, but below one that is disabled
-    instrumentSetting_->Open();
+    instrumentSetting_->Load();
 }
 
 void FrmMenu::InstrumentSettingClosed()

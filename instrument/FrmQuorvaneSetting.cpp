@@ -76,7 +76,7 @@ FrmQuorvaneSetting::~FrmQuorvaneSetting() = default;
 
 // ---- opening and closing --------------------------------------------------------------------------------
 
-void FrmQuorvaneSetting::Open()
+void FrmQuorvaneSetting::Load()
 {
     ShowStartTime();
     session_.Open();

@@ -34,7 +34,7 @@ public:
     ~FrmQuorvaneSetting() override;
 
     /// Opens the port, fills the pages, and shows the dialog. Returns at once.
-    void Open();
+    void Load();
     /// Escape, the close box, the end of the program: ends what is under way. Nothing is checked; what was
     /// typed and can be taken is taken. It is over when `closed` is called.
     void reject() override;

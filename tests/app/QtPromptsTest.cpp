@@ -56,6 +56,24 @@ TEST_F(QtPromptsTest, ABoxSpeaksTheProgramsLanguage)
     EXPECT_THAT(english, UnorderedElementsAre("&Yes", "&No"));
 }
 
+TEST_F(QtPromptsTest, ABoxBelongsToTheDialogBeforeADisabledWindow)
+{
+    QWidget window;
+    QDialog hidden(&window);
+    QDialog dialog(&window);
+    prompts.SetParent(&window);
+    window.show();
+    window.setEnabled(false);
+    dialog.setEnabled(true);
+    dialog.show();
+    Operator someone({[&](QDialog& box) {
+        EXPECT_EQ(box.parentWidget(), &dialog);
+        EXPECT_TRUE(box.isEnabled());
+        box.accept();
+    }});
+    prompts.Show({.text = "Done"});
+}
+
 TEST_F(QtPromptsTest, AMessageShowsItsTextAsItIsAndIsClosedInEveryWay)
 {
     const Message message{.text = "<b>one</b>\r\ntwo & three", .icon = Icon::Exclamation, .titleId = 161};

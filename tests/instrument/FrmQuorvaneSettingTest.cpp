@@ -1,10 +1,7 @@
-#include "tests/support/WindowWorld.h"
+#include "tests/support/SettingWindow.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTabBar>
-#include <QTabWidget>
 #include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace quorvane {
 namespace {
@@ -14,117 +11,12 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The instrument settings opened from the main window on 1 May 2024, 09:30, with an instrument that answers
-/// everything at once unless it is silent.
-struct FrmQuorvaneSettingTest : WindowWorld, testing::Test {
-    FrmQuorvaneSettingTest()
-    {
-        state.ProgramStartDate = "2024/05/02";
-        state.ProgramStartTime = "08:15:30";
-        state.ProgramMeasureCount = 100;
-        state.ProgramMeasureHours = 1;
-        state.ProgramMeasureMinutes = 30;
-        state.ProgramTotalHours = 7; // not what count and times make of it
-        state.ProgramTotalMinutes = 8;
-        state.KFactor = 0.0013;
-        port.onOutput = [this, linkCheck = port.onOutput](const std::string& text) {
-            linkCheck(text);
-            const char letter = text[0];
-            if (silent || letter == 'N')
-                return;
-            const std::string record = letter == 'M' ? "2024/04/30 23:59:58\r\n" : "";
-            port.Deliver(20ms, std::string("A") + letter + "\r\n" + record);
-        };
-    }
-
-    void OpenDialog()
-    {
-        Open();
-        Trigger("MenuQuorvaneSetting");
-        ASSERT_NE(Dialog(), nullptr);
-        static_cast<void>(QTest::qWaitForWindowActive(Dialog()));
-    }
-    [[nodiscard]] QDialog* Dialog() const
-    {
-        return window->findChild<QDialog*>(QStringLiteral("FrmQuorvaneSetting"));
-    }
-    template <typename Control = QWidget>
-    [[nodiscard]] Control* Part(const char* name) const
-    {
-        return Dialog()->findChild<Control*>(QLatin1String(name));
-    }
-    [[nodiscard]] std::string Shown(const char* box) const
-    {
-        return Part<QLineEdit>(box)->text().toStdString();
-    }
-    void ShowPage(int page) const
-    {
-        QTest::mouseClick(Part<QTabWidget>("SSTab1")->tabBar(), Qt::LeftButton, {},
-                          Part<QTabWidget>("SSTab1")->tabBar()->tabRect(page).center());
-        Settle();
-    }
-    void Click(const char* button) const
-    {
-        QTest::mousePress(Part(button), Qt::LeftButton);
-        Settle();
-        QTest::mouseRelease(Part(button), Qt::LeftButton);
-        Settle();
-    }
-    void Type(const char* box, const char* text) const
-    {
-        Part(box)->setFocus();
-        Part<QLineEdit>(box)->selectAll();
-        QTest::keyClicks(Part(box), QLatin1String(text));
-        Settle();
-    }
-    void Tab() const
-    {
-        QTest::keyClick(Dialog()->focusWidget(), Qt::Key_Tab);
-        Settle();
-    }
-    static void Settle()
-    {
-        for (int round = 0; round < 5; ++round)
-            QApplication::processEvents();
-    }
-    /// The messages since the last call.
-    std::vector<std::string> Told()
-    {
-        std::vector<std::string> found = Messages();
-        prompts.messages.clear();
-        return found;
-    }
-    /// What was sent since the last call, without the link checks.
-    std::vector<std::string> Sent()
-    {
-        std::vector<std::string> found;
-        for (const std::string& text : port.sent)
-            if (text != "N\r\n")
-                found.push_back(text);
-        port.sent.clear();
-        return found;
-    }
-    void ExpectReady()
-    {
-        for (const char* control : {"SSTab1", "Command5", "Command6"})
-            EXPECT_TRUE(Part(control)->isEnabledTo(Dialog())) << control;
-        EXPECT_EQ(Dialog()->cursor().shape(), Qt::ArrowCursor);
-    }
-    void ExpectClosed()
-    {
-        EXPECT_FALSE(Dialog()->isVisible());
-        EXPECT_TRUE(window->isEnabled());
-        EXPECT_FALSE(port.IsOpen());
-        EXPECT_FALSE(clockTimer.Enabled() || timer1.Enabled());
-    }
-
-    bool silent = false;
-};
-
 const std::string kRange = "It is over the setting range. Redo setup.";
 const std::string kWrong = "The setup is incorrect. Redo setup.";
 const std::string kDone = "It completed.";
 const std::string kLineError = "RS232C ERROR.";
+
+struct FrmQuorvaneSettingTest : SettingWindow, testing::Test {};
 
 TEST_F(FrmQuorvaneSettingTest, OpensThePortShowsTheStateAndKeepsTheMainWindowFromBeingUsed)
 {
@@ -205,8 +97,12 @@ TEST_F(FrmQuorvaneSettingTest, ABoxIsCheckedWhenItIsLeftAndTheTotalFollowsWhatIs
         {"Text2", "0", "0", "", 7, 0, 30, 3, 30},
         {"Text3", "0", "0", kWrong, 7, 0, 0, 0, 0},
         {"Text3", "20", "20", "", 7, 0, 20, 2, 20},
+        {"Text2", "1", "1", "", 7, 1, 20, 9, 20},
+        {"Text3", "0", "0", "", 7, 1, 0, 7, 0},
+        {"Text2", "0", "0", "", 7, 0, 0, 0, 0}, // on the way to the minutes
+        {"Text3", "20", "20", "", 7, 0, 20, 2, 20},
         {"Text4", "2024/13/01", "2024/13/01", kWrong, 7, 0, 20, 2, 20}, // stays, to be mended
-        {"Text4", "2024/12/31", "2024/12/31", "", 7, 0, 20, 2, 20},
+        {"Text4", " 2024/12/31", "2024/12/31", "", 7, 0, 20, 2, 20},
     };
     for (const Row& row : rows) {
         Type(row.box, row.typed);
@@ -232,35 +128,6 @@ TEST_F(FrmQuorvaneSettingTest, ABoxIsCheckedWhenItIsLeftAndTheTotalFollowsWhatIs
     EXPECT_EQ(state.ProgramStartTime, "09:15:30");
 }
 
-TEST_F(FrmQuorvaneSettingTest, ARefusedBoxKeepsItsPageAndTheCloseButtonButNotTheCloseBox)
-{
-    OpenDialog();
-    Type("Text1", "0");
-    ShowPage(1);
-    EXPECT_THAT(Told(), ElementsAre(kRange + "(1-30000)"));
-    EXPECT_EQ(Part<QTabWidget>("SSTab1")->currentIndex(), 0);
-    Type("Text1", "0");
-    Click("Command6");
-    EXPECT_THAT(Told(), ElementsAre(kRange + "(1-30000)"));
-    EXPECT_TRUE(Dialog()->isVisible());
-    Type("Text1", "12");
-    Type("Text2", "0");
-    Type("Text3", "0"); // on the way to another time
-    Dialog()->close();
-    ExpectClosed();
-    EXPECT_THAT(Told(), IsEmpty());
-    EXPECT_EQ(state.ProgramMeasureCount, 12);
-    EXPECT_THAT((std::vector{state.ProgramMeasureMinutes, state.ProgramTotalHours}), ElementsAre(30, 6));
-
-    state.KFactor = 0; // as a settings file may have it
-    Trigger("MenuQuorvaneSetting");
-    ShowPage(2);
-    Part("Text9")->setFocus();
-    ShowPage(0);
-    EXPECT_THAT(Told(), ElementsAre(kRange + "(0.0001-0.0099)"));
-    EXPECT_TRUE(Part("Text9")->hasFocus());
-}
-
 TEST_F(FrmQuorvaneSettingTest, SendsTheProgramAndNothingCanBePressedMeanwhile)
 {
     OpenDialog();
@@ -270,7 +137,7 @@ TEST_F(FrmQuorvaneSettingTest, SendsTheProgramAndNothingCanBePressedMeanwhile)
         busy += !Part("SSTab1")->isEnabled() && !Part("Command6")->isEnabled() &&
                 Dialog()->cursor().shape() == Qt::BusyCursor;
     };
-    Click("Command1");
+    ClickAtOnce("Command1");
     EXPECT_GE(busy, 90); // 2000 ms in looks 20 ms apart
     EXPECT_THAT(Told(), ElementsAre(kDone));
     EXPECT_THAT(Sent(), ElementsAre("P2024/05/02;08:15:30;01:30;00007\r\n"));
@@ -357,60 +224,6 @@ TEST_F(FrmQuorvaneSettingTest, TheKFactorsUpperLimitHoldsWhileTypingTheLowerWhen
     Dialog()->close();
     ExpectClosed();
     EXPECT_EQ(state.KFactor, 0.0012); // what stood on the way does not stay
-}
-
-TEST_F(FrmQuorvaneSettingTest, AClosedPortIsToldOnceAndEachSendTriesAgain)
-{
-    port.openFault = PortFault{PortFaultKind::Busy, ""};
-    OpenDialog();
-    EXPECT_THAT(Told(), ElementsAre("COM1 is not used."));
-    EXPECT_TRUE(Dialog()->isVisible());
-    EXPECT_THAT(Label("LinkStatus"), testing::StartsWith("COM1 is not open."));
-    Click("Command1");
-    EXPECT_THAT(Told(), ElementsAre("COM1 is not used."));
-    ExpectReady();
-    port.openFault.reset();
-    Click("Command1");
-    EXPECT_THAT(Told(), ElementsAre(kDone));
-    EXPECT_EQ(Label("LinkStatus"), "COM1 is open.");
-}
-
-TEST_F(FrmQuorvaneSettingTest, ClosingInsideAnyWaitEndsTheExchangeOnce)
-{
-    struct Row {
-        int page;
-        const char* button;
-        bool silent; // then the link check that follows is met as well
-    };
-    const Row rows[] = {{0, "Command1", false}, {0, "Command1", true}, {1, "Refresh", true}};
-    for (const Row& row : rows) {
-        for (const long after : {1L, 10L, 150L}) {
-            Open();
-            Trigger("MenuQuorvaneSetting");
-            silent = row.silent;
-            ShowPage(row.page);
-            const long until = world.Pumps() + after;
-            bool cut = false;
-            onPump = [&](long pump) {
-                if (pump != until)
-                    return;
-                cut = true;
-                if (after % 20 == 10)
-                    window->close(); // the program is to end: the dialog goes first
-                else
-                    Dialog()->close();
-            };
-            Told();
-            Click(row.button);
-            Settle();
-            onPump = nullptr;
-            if (!cut)
-                continue; // it was over before
-            ExpectClosed();
-            EXPECT_THAT(Told(), IsEmpty()) << row.button << after;
-            EXPECT_EQ(window->isVisible(), after % 20 != 10) << row.button << after;
-        }
-    }
 }
 
 TEST_F(FrmQuorvaneSettingTest, AProgramIsKeptInAFileAndComesBack)
