@@ -40,6 +40,7 @@ public:
     LineSettings line;
     std::vector<std::string> sent;
     int opened = 0;
+    int closed = 0;
     int inputLen = 0;
     long reads = 0;
     [[nodiscard]] int Waiting() const { return received_.Count(); }
@@ -58,7 +59,11 @@ public:
         ++opened;
         return std::nullopt;
     }
-    void Close() override { open_ = false; }
+    void Close() override
+    {
+        ++closed;
+        open_ = false;
+    }
     [[nodiscard]] bool IsOpen() const override { return open_; }
     [[nodiscard]] int InBufferCount() override
     {

@@ -120,6 +120,7 @@ struct SettingWindow : WindowWorld {
         EXPECT_FALSE(Dialog()->isVisible());
         EXPECT_TRUE(window->isEnabled());
         EXPECT_FALSE(port.IsOpen());
+        EXPECT_EQ(port.closed, port.opened);
         EXPECT_FALSE(clockTimer.Enabled() || timer1.Enabled());
     }
 
