@@ -50,8 +50,8 @@ bool ParseMeasureTime(std::string_view text, GivenProgram& program)
     if (hours.ec != std::errc{} || hours.ptr != text.data() + colon || text.size() - colon != 3)
         return false;
     const auto minutes = std::from_chars(hours.ptr + 1, end, program.minutes);
-    return minutes.ec == std::errc{} && minutes.ptr == end && program.hours >= 0 && program.hours <= 99 &&
-           program.minutes >= 0 && program.minutes <= 59;
+    return minutes.ec == std::errc{} && minutes.ptr == end && program.hours >= 0 &&
+           program.hours <= kMaxProgramHours && program.minutes >= 0 && program.minutes <= kMaxProgramMinutes;
 }
 
 std::optional<UsageFault> ReadTypedProgram(const CommandOptions& given, GivenProgram& program)
@@ -67,7 +67,7 @@ std::optional<UsageFault> ReadTypedProgram(const CommandOptions& given, GivenPro
     if (!ParseMeasureTime(given.Text("--measure-time"), program))
         return UsageFault{"--measure-time takes hours and minutes from \"00:01\" to \"99:59\", not " +
                           Quoted(given.Text("--measure-time"))};
-    return given.ReadWhole("--count", 1, 30000, program.count);
+    return given.ReadWhole("--count", 1, kMaxProgramCount, program.count);
 }
 
 std::optional<UsageFault> ReadProgram(const CommandOptions& given, SettingOptions& options)

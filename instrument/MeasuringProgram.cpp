@@ -22,9 +22,9 @@ struct NumberRule {
 };
 
 constexpr NumberRule kNumbers[] = {
-    {ProgramField::Hours, &InstrumentProgram::ProgramMeasureHours, 0, 99},
-    {ProgramField::Minutes, &InstrumentProgram::ProgramMeasureMinutes, 0, 59},
-    {ProgramField::Count, &InstrumentProgram::ProgramMeasureCount, 1, 30000},
+    {ProgramField::Hours, &InstrumentProgram::ProgramMeasureHours, 0, kMaxProgramHours},
+    {ProgramField::Minutes, &InstrumentProgram::ProgramMeasureMinutes, 0, kMaxProgramMinutes},
+    {ProgramField::Count, &InstrumentProgram::ProgramMeasureCount, 1, kMaxProgramCount},
 };
 
 /// Null for a field that is no number.

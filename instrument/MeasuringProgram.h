@@ -14,6 +14,11 @@
 
 namespace quorvane {
 
+/// Measurements of a program, at least 1 of them; hours and minutes of one measurement, from 0.
+inline constexpr int kMaxProgramCount = 30000;
+inline constexpr int kMaxProgramHours = 99;
+inline constexpr int kMaxProgramMinutes = 59;
+
 /// What the rules of the measuring program need of the world.
 struct ProgramSurroundings {
     ApplicationState& state;
