@@ -50,6 +50,11 @@ struct ComputerSettings {
     std::string DefaultFolder; ///< where file dialogs start
 };
 
+/// For whom the folder chooser works.
+struct FolderChooserMode {
+    std::int16_t ChooserMode = 0; ///< 1: it chooses `DefaultFolder` for the options; else it changes nothing
+};
+
 /// Readings of a run, and seconds from one to the next, at most; at least 1 of each.
 inline constexpr int kMaxSamples = 65500;
 inline constexpr int kMaxSamplingSeconds = 900;
@@ -138,6 +143,7 @@ struct ApplicationState : ProgramPlace,
                           MachineFacts,
                           LocaleDescription,
                           ComputerSettings,
+                          FolderChooserMode,
                           PortSettings,
                           InstrumentProgram,
                           ShownClock,

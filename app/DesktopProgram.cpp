@@ -123,8 +123,7 @@ void DesktopProgram::End()
 
 void DesktopProgram::UseProgramLanguage()
 {
-    const TableLanguage system = TableLanguageFor(platform_.locale->SystemLanguageName());
-    UseToolkitLanguage(*qApp, state_.LanguageOffset == 0 ? system : TableLanguage::English);
+    UseToolkitLanguage(*qApp, texts_.Language());
 }
 
 } // namespace quorvane

@@ -10,6 +10,7 @@ class Texts {
 public:
     Texts(const StringTable& table, const ProgramPlace& place) : table_(table), place_(place) {}
     [[nodiscard]] std::string operator[](int id) const { return table_.Text(id, place_.LanguageOffset); }
+    [[nodiscard]] TableLanguage Language() const { return table_.Language(place_.LanguageOffset); }
 
 private:
     const StringTable& table_;

@@ -3,6 +3,7 @@
 #include "files/FileStore.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,5 +21,10 @@ inline constexpr std::string_view kLanguageFileName = "Language.dat";
 
 /// Reads the choice from the file in `folder`. A file that is missing or cannot be read leaves `mode`.
 void LoadLanguageMode(const FileStore& store, const std::string& folder, std::int16_t& mode);
+
+/// Writes the file in `folder` anew: "Language =", `mode` as number text with its leading blank, CR LF.
+/// @return why not, or nothing when it is written
+[[nodiscard]] std::optional<FileFault> SaveLanguageMode(FileStore& store, const std::string& folder,
+                                                        std::int16_t mode);
 
 } // namespace quorvane

@@ -9,6 +9,7 @@
 #include "files/Folders.h"
 #include "files/PrivateProfile.h"
 #include "serial/DeviceWatch.h"
+#include "serial/PortDescriptions.h"
 #include "serial/PortNames.h"
 #include "serial/SerialControl.h"
 

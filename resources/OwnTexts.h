@@ -221,6 +221,11 @@ enum OwnText : int {
     kCancelledText = 1342,
     kNothingSentText = 1343,
     kDateNotSentText = 1344, ///< %1: the short date pattern of the user's system
+
+    // The main window: what leads to ports, options and the guide.
+    kOptionCommandText = 1371,
+    kPortSettingCommandText = 1372,
+    kGuideCommandText = 1373,
 };
 
 } // namespace quorvane

@@ -19,8 +19,18 @@ struct Entry {
 
 constexpr Entry kEntries[] = {
     {101, "Quorvane Software", "Quorvane Software"},
+    {120, "Connected channel", "接続チャンネル"},
+    {121, "Port", "ポート"},
+    {122, "Baud rate", "通信速度"},
+    {123, "Data Bit", "データビット"},
+    {124, "Parity", "パリティ"},
+    {125, "Stop Bit", "ストップビット"},
+    {126, "Flow", "フロー制御"},
+    {127, "Communication Setting", "通信設定"},
     {128, "OK", "OK"},
     {129, "Cancel", "キャンセル"},
+    {130, "RS232C Port is not found.", "RS-232C ポートが見つかりません。"},
+    {132, "Port number has overlapped CH2.", "ポート番号が CH2 と重複しています。"},
     {147, "CALCULATION Setting", "測定プログラム設定"},
     {154, "Number of Measuring Times:", "測定回数:"},
     {156, "Sampling Time:", "サンプリング時間:"},
@@ -42,11 +52,19 @@ constexpr Entry kEntries[] = {
     {177, "K-Factor Setting", "K ファクター設定"},
     {178, "Mass concentration conversion coefficient(K-Factor):", "質量濃度変換係数（K ファクター）:"},
     {179, "Send", "送信"},
+    {181, "Folder Setup", "フォルダー設定"},
     {188, "Two or more startings cannot do this application.",
      "このアプリケーションは二重に起動できません。"},
     {189, "Please uses Windows 2000 or Windows XP.", "Windows 2000 または Windows XP をご使用ください。"},
+    {191, "Language Select", "言語の選択"},
+    {192, "Please choose language.", "言語を選択してください。"},
+    {193, "English", "英語"},
+    {194, "Japanese", "日本語"},
+    {195, "Chinese", "中国語"},
     {197, "Relative Concentration[CPM]", "相対濃度 [CPM]"},
     {199, "Relative Concentration(Integrated value)[CPM]", "相対濃度（積算値）[CPM]"},
+    {214, "The selected disk drive is not in use. Check to make sure a disk is inserted.",
+     "選択したドライブは使用できません。ディスクが挿入されているか確認してください。"},
     {215, "Start Date", "開始日"},
     {216, "sec", "秒"},
     {217, " is not used.", "は使用できません。"}, // stands behind the port's name
@@ -375,6 +393,10 @@ constexpr Entry kEntries[] = {
      "it. Choose a date format with leading zeros and years of four digits.",
      "お使いのシステムの短い日付形式（%1）では、この開始日を測定器に送信できません。"
      "月と日が 2 桁、年が 4 桁の日付形式を選択してください。"},
+
+    {kOptionCommandText, "&Options...", "オプション(&O)..."},
+    {kPortSettingCommandText, "&Communication Setting...", "通信設定(&C)..."},
+    {kGuideCommandText, "Operator's &Guide", "操作ガイド(&G)"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -14,6 +14,11 @@ public:
     explicit StringTable(TableLanguage language) : language_(language) {}
     /// The text of number `id` + `languageOffset`, UTF-8; empty for a number that the table does not have.
     [[nodiscard]] std::string Text(int id, int languageOffset) const;
+    /// The language that the texts have at `languageOffset`.
+    [[nodiscard]] TableLanguage Language(int languageOffset) const
+    {
+        return languageOffset == 0 ? language_ : TableLanguage::English;
+    }
 
 private:
     TableLanguage language_;
