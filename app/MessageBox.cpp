@@ -5,6 +5,7 @@
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -40,6 +41,17 @@ struct AnswerBox {
     }
 };
 
+/// The toolkit gives this label no format and no selection of its own.
+void SetDetail(QMessageBox& box, const QString& detail)
+{
+    box.setInformativeText(detail);
+    for (QLabel* const label : box.findChildren<QLabel*>())
+        if (label->text() == detail) {
+            label->setTextFormat(Qt::PlainText);
+            label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        }
+}
+
 AnswerBox NewBox(const Message& message, const Texts& texts, QWidget* parent, WayOut wayOut)
 {
     AnswerBox made{.box = new QMessageBox(parent)};
@@ -49,6 +61,8 @@ AnswerBox NewBox(const Message& message, const Texts& texts, QWidget* parent, Wa
     box.setTextFormat(Qt::PlainText);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     box.setText(Shown(message.text).replace(u"\r\n"_qs, u"\n"_qs));
+    if (!message.detail.empty())
+        SetDetail(box, Shown(message.detail));
     if (message.buttons == Buttons::Ok) {
         box.addButton(Shown(texts[kOkText]), QMessageBox::AcceptRole);
         return made;

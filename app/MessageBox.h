@@ -16,8 +16,8 @@ enum class WayOut {
 };
 
 /// Shows `message` in front of `parent` (or of everything, without one), its buttons in the program's
-/// language, and serves events until it is answered. The text is shown as it is, never read as markup. A
-/// message with one button is closed by Escape, Enter and the close box as well.
+/// language, and serves events until it is answered. Text and detail are shown as they are, never read as
+/// markup. A message with one button is closed by Escape, Enter and the close box as well.
 /// @return the answer; when the box was destroyed unanswered, what Enter would have answered
 Answer ShowMessageBox(const Message& message, const Texts& texts, QWidget* parent,
                       WayOut wayOut = WayOut::None);

@@ -15,7 +15,8 @@ enum class Answer { Ok, Yes, No };
 
 /// A message box.
 struct Message {
-    std::string text; ///< composed, UTF-8
+    std::string text;     ///< composed, UTF-8
+    std::string detail{}; ///< why, and what to do about it: stands below the text; empty: nothing
     Icon icon = Icon::None;
     int titleId = kProgramNameText; ///< text number of the title, without the language offset
     Buttons buttons = Buttons::Ok;

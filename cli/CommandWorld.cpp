@@ -3,7 +3,6 @@
 #include "app/LanguageOffset.h"
 #include "files/ProgramFiles.h"
 #include "options/LanguageFile.h"
-#include "serial/PortFaultText.h"
 
 namespace quorvane {
 
@@ -23,14 +22,6 @@ CommandWorld::CommandWorld(bool progress)
         LanguageOffsetFor(state.LanguageMode, state.SystemLanguageName, state.LanguageOffset);
     if (const std::string notice = PlaceNotice(files, texts); !notice.empty())
         console.Say(notice);
-}
-
-std::string CommandWorld::Reason(const PortFault& fault) const
-{
-    std::string reason = texts[ReasonText(fault.kind)];
-    if (!fault.systemReason.empty())
-        reason += " (" + fault.systemReason + ")";
-    return reason;
 }
 
 } // namespace quorvane

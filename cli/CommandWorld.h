@@ -17,9 +17,6 @@ struct CommandWorld {
     /// a terminal only)
     explicit CommandWorld(bool progress);
 
-    /// The sentence for the fault, and the system's own words in brackets.
-    [[nodiscard]] std::string Reason(const PortFault& fault) const;
-
     Platform platform;
     ApplicationState state;
     StringTable table;

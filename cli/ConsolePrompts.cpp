@@ -8,19 +8,26 @@ std::optional<std::string> Named(const std::string& file)
     return file.empty() ? std::nullopt : std::optional(file);
 }
 
-} // namespace
-
-Answer ConsolePrompts::Show(const Message& message)
+std::string OnOneLine(std::string_view text)
 {
     std::string line;
-    for (const char c : message.text) {
+    for (const char c : text) {
         const bool blank = c == ' ' || c == '\r' || c == '\n';
         if (!blank)
             line += c;
         else if (!line.empty() && line.back() != ' ')
             line += ' ';
     }
-    console_.Say(line);
+    return line;
+}
+
+} // namespace
+
+Answer ConsolePrompts::Show(const Message& message)
+{
+    console_.Say(OnOneLine(message.text));
+    if (!message.detail.empty())
+        console_.Say(OnOneLine(message.detail));
     return message.buttons == Buttons::Ok ? Answer::Ok : message.unattended;
 }
 

@@ -20,7 +20,8 @@ class ConsolePrompts : public Prompts {
 public:
     ConsolePrompts(Console& console, NamedFiles files) : console_(console), files_(std::move(files)) {}
 
-    /// Prints the message, its line ends as one blank. @return Ok, or a question's unattended answer
+    /// Prints the message, its line ends as one blank, and its detail below. @return Ok, or a question's
+    /// unattended answer
     Answer Show(const Message& message) override;
     [[nodiscard]] std::optional<std::string> AskSaveName(const SaveQuestion& question) override;
     [[nodiscard]] std::optional<std::string> AskOpenName(const OpenQuestion& question) override;

@@ -25,20 +25,6 @@ InstrumentLine::InstrumentLine(CommandWorld& world, const std::string& port, Nam
     });
 }
 
-bool InstrumentLine::OpenPort()
-{
-    const bool open = link_.OpenPort();
-    if (!open)
-        TellPortFault();
-    return open;
-}
-
-void InstrumentLine::TellPortFault()
-{
-    if (link_.LastFault())
-        world_.console.Say(world_.Reason(*link_.LastFault()));
-}
-
 void InstrumentLine::WaitForReader()
 {
     const int interrupts = interrupts_.Count();

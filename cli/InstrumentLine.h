@@ -23,11 +23,6 @@ public:
     /// What each Ctrl-C does. Called from within waits.
     void OnInterrupt(std::function<void()> handler) { interrupted_ = std::move(handler); }
 
-    /// `PortLink::OpenPort`, and why it cannot be opened in words behind its message.
-    [[nodiscard]] bool OpenPort();
-    /// Says why the last `OpenPort` failed, if it did.
-    void TellPortFault();
-
     /// Waits until all that was printed is out. Who reads slowly gets everything; who does not read at all is
     /// waited for until the next Ctrl-C.
     void WaitForReader();

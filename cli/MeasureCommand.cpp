@@ -105,8 +105,6 @@ int Measurement::MeasureAndSave()
     watchTimer_.Disable();
     world_.console.SetProgress({});
 
-    if (result == RunResult::PortNotOpened)
-        line_.TellPortFault();
     if (!RunTookPlace(result))
         return kExitFailed;
     const bool saved = Save();

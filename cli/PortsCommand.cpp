@@ -4,12 +4,26 @@
 #include "app/ExitStatus.h"
 #include "cli/CommandWorld.h"
 #include "resources/OwnTexts.h"
+#include "serial/PortFaultText.h"
+#include "serial/PortNotes.h"
 
 #include <algorithm>
 #include <string>
 #include <thread>
 
 namespace quorvane {
+
+namespace {
+
+/// What the device says of itself, as far as a terminal may show it.
+std::string Describe(const PortDevice& device, const CommandWorld& world)
+{
+    const PortDescription said = world.platform.portDescriptions->Describe(device);
+    return DescriptionText({Printable(said.maker), Printable(said.product), Printable(said.serialNumber)},
+                           world.texts);
+}
+
+} // namespace
 
 int RunPortsCommand()
 {
@@ -21,7 +35,9 @@ int RunPortsCommand()
             const auto fault = world.platform.portProbe->Probe(*device);
             line += device->path;
             line.resize(std::max<std::size_t>(line.size() + 2, 26), ' ');
-            line += fault ? world.Reason(*fault) : world.texts[kPortUsableText];
+            if (const std::string described = Describe(*device, world); !described.empty())
+                line += described + ": ";
+            line += fault ? FaultText(*fault, world.texts) : world.texts[kPortUsableText];
         } else {
             line.resize(26, ' ');
             line += FilledIn(world.texts[kPortUnnamedText], std::to_string(number));

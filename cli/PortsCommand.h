@@ -2,7 +2,7 @@
 
 namespace quorvane {
 
-/// Lists the COM names, the devices behind them and why one cannot be used.
+/// Lists the COM names, the devices behind them with what they say of themselves, and why one cannot be used.
 /// @return the exit status
 int RunPortsCommand();
 

@@ -114,7 +114,7 @@ int Setting::Act()
 
 int Setting::Check()
 {
-    if (!line_.OpenPort())
+    if (!line_.Link().OpenPort())
         return kExitFailed;
     if (!line_.Link().CheckInstrument())
         return Fail();
@@ -124,7 +124,7 @@ int Setting::Check()
 
 int Setting::Clock()
 {
-    if (!line_.OpenPort())
+    if (!line_.Link().OpenPort())
         return kExitFailed;
     if (options_.set && !Send(ClockCommand(ComputerNow())))
         return kExitFailed;
@@ -192,7 +192,7 @@ int Setting::PrintAndSend(const InstrumentCommand& command)
         Tell(kNothingSentText);
         return kExitDone;
     }
-    return line_.OpenPort() && Send(command) ? kExitDone : kExitFailed;
+    return line_.Link().OpenPort() && Send(command) ? kExitDone : kExitFailed;
 }
 
 /// Over the open port.

@@ -26,6 +26,7 @@ struct Platform {
     std::unique_ptr<SerialControl> serial;
     std::unique_ptr<PortNames> portNames;
     std::unique_ptr<PortProbe> portProbe;
+    std::unique_ptr<PortDescriptions> portDescriptions;
     std::unique_ptr<DeviceWatch> devices;
     std::unique_ptr<FileStore> files;
     std::unique_ptr<Folders> folders;

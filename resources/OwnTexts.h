@@ -226,6 +226,22 @@ enum OwnText : int {
     kOptionCommandText = 1371,
     kPortSettingCommandText = 1372,
     kGuideCommandText = 1373,
+
+    // The dialog for the port and its line settings.
+    kPortGroupText = 1381, ///< %1: a group of users; a second %1: the same
+    kChannel1Text = 1382,
+    kEvenText = 1383,
+    kOddText = 1384,
+    kNoneText = 1385,
+    kXonXoffText = 1386,
+    kRtsCtsText = 1387,
+    kXonRtsText = 1388,
+    kSearchAgainText = 1389,
+    kSearchAgainTipText = 1390,
+    kPortNotesText = 1391,
+    kSerialNumberText = 1392, ///< %1: a device's serial number
+    kNoPortChosenText = 1393,
+    kForcedLineText = 1394,
 };
 
 } // namespace quorvane

@@ -117,12 +117,8 @@ constexpr Entry kEntries[] = {
     {kPortBusyText, "Another program is using the port. Close it and try again.",
      "ほかのプログラムがポートを使用しています。そのプログラムを終了してから、もう一度お試しください。"},
     {kPortNoPermissionText,
-     "Your account is not allowed to use serial ports. On Linux, add it to the group that owns the device "
-     "(often "
-     "dialout) "
-     "and log in again.",
-     "お使いのアカウントにはシリアルポートを使用する権限がありません。Linux では、デバイスを所有するグループ"
-     "（多くの場合 dialout）にアカウントを追加し、ログインし直してください。"},
+     "Your account is not allowed to use the port. Ask the administrator of this computer for it.",
+     "お使いのアカウントにはこのポートを使用する権限がありません。パソコンの管理者にご相談ください。"},
     {kPortNotALineText, "The device does not answer as a serial line. Choose another port.",
      "このデバイスはシリアルポートとして応答しません。別のポートを選択してください。"},
     {kPortUnsupportedText,
@@ -397,6 +393,28 @@ constexpr Entry kEntries[] = {
     {kOptionCommandText, "&Options...", "オプション(&O)..."},
     {kPortSettingCommandText, "&Communication Setting...", "通信設定(&C)..."},
     {kGuideCommandText, "Operator's &Guide", "操作ガイド(&G)"},
+
+    {kPortGroupText,
+     "Only members of the group %1 may use the port. To become one, enter this command in a terminal, then "
+     "sign out and in again: sudo usermod -aG %1 $USER",
+     "このポートを使用できるのはグループ %1 のメンバーだけです。端末で次のコマンドを実行してから、"
+     "サインアウトしてサインインし直してください: sudo usermod -aG %1 $USER"},
+    {kChannel1Text, "CH1", "CH1"},
+    {kEvenText, "Even", "偶数"},
+    {kOddText, "Odd", "奇数"},
+    {kNoneText, "None", "なし"},
+    {kXonXoffText, "Xon/Xoff", "Xon/Xoff"},
+    {kRtsCtsText, "RTS/CTS", "RTS/CTS"},
+    {kXonRtsText, "Xon/RTS", "Xon/RTS"},
+    {kSearchAgainText, "&Search Again", "再検索(&S)"},
+    {kSearchAgainTipText, "Looks for the ports again, for one that another program has released (F5)",
+     "ポートをもう一度探します。ほかのプログラムがポートを解放したときなどに使用します（F5）"},
+    {kPortNotesText, "About the ports", "ポートの情報"},
+    {kSerialNumberText, "serial number %1", "シリアル番号 %1"},
+    {kNoPortChosenText, "Choose the port that the instrument is connected to.",
+     "測定器が接続されているポートを選択してください。"},
+    {kForcedLineText, "When the program starts again, the baud rate is 38400 and the flow RTS/CTS.",
+     "次回の起動時には、通信速度は 38400、フロー制御は RTS/CTS に戻ります。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "app/Texts.h"
 #include "resources/OwnTexts.h"
 #include "serial/SerialControl.h"
+
+#include <string>
 
 namespace quorvane {
 
@@ -24,5 +27,9 @@ namespace quorvane {
     }
     return kPortOtherText;
 }
+
+/// The whole explanation: why the port cannot be used and what to do about it, with the group to join and the
+/// command that does it, or with the system's own words in brackets where the sentence leaves something open.
+[[nodiscard]] std::string FaultText(const PortFault& fault, const Texts& texts);
 
 } // namespace quorvane

@@ -4,6 +4,7 @@
 #include "resources/SystemTexts.h"
 #include "serial/CommandSet.h"
 #include "serial/LineSettingsText.h"
+#include "serial/PortFaultText.h"
 
 #include <string>
 
@@ -45,7 +46,8 @@ bool PortLink::OpenPort()
         lastFault_ = control_.Open(*device, *line);
 
     if (lastFault_) {
-        prompts_.Show({.text = state_.RsPort + texts_[kPortNotUsedText]});
+        prompts_.Show(
+            {.text = state_.RsPort + texts_[kPortNotUsedText], .detail = FaultText(*lastFault_, texts_)});
         return false;
     }
     control_.ClearInBuffer();

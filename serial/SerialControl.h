@@ -39,6 +39,7 @@ enum class PortFaultKind {
 struct PortFault {
     PortFaultKind kind = PortFaultKind::Other;
     std::string systemReason; ///< in the system's words or the control's, UTF-8
+    std::string group{}; ///< `NoPermission`: whose members may use the device; empty when joining none helps
 };
 
 /// The serial-port control: line settings, polled reception, text in and out. Nothing here blocks.

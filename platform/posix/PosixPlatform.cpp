@@ -8,6 +8,7 @@
 #include "platform/posix/PosixInstanceLock.h"
 #include "platform/posix/PosixLocalClock.h"
 #include "platform/posix/PosixLocaleItems.h"
+#include "platform/posix/PosixPortDescriptions.h"
 #include "platform/posix/PosixPortNames.h"
 #include "platform/posix/PosixPortProbe.h"
 #include "platform/posix/PosixSerialControl.h"
@@ -68,6 +69,7 @@ Platform MakePlatform()
         .serial = std::make_unique<PosixSerialControl>(),
         .portNames = std::make_unique<PosixPortNames>(),
         .portProbe = std::make_unique<PosixPortProbe>(),
+        .portDescriptions = std::make_unique<PosixPortDescriptions>(),
         .devices = std::make_unique<PosixDeviceWatch>(),
         .files = std::move(files),
         .folders = std::make_unique<PosixFolders>(),

@@ -1,9 +1,12 @@
 #include "platform/posix/SerialLine.h"
 
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
+#include <grp.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <termios.h>
 #include <utility>
 
@@ -57,6 +60,21 @@ std::optional<speed_t> CodeOf(unsigned bitsPerSecond)
             return speed.code;
     }
     return std::nullopt;
+}
+
+/// The group that owns the device, when its members may read and write it. Root's group is none to join.
+std::string GroupThatMayUse(const std::string& path)
+{
+    constexpr mode_t kReadAndWrite = S_IRGRP | S_IWGRP;
+    struct stat facts {};
+    if (::stat(path.c_str(), &facts) != 0 || (facts.st_mode & kReadAndWrite) != kReadAndWrite ||
+        facts.st_gid == 0)
+        return {};
+    group entry{};
+    group* found = nullptr;
+    std::array<char, 65536> names{}; // its members' names, too
+    ::getgrgid_r(facts.st_gid, &entry, names.data(), names.size(), &found);
+    return found != nullptr ? found->gr_name : "";
 }
 
 void SetRaw(termios& mode)
@@ -113,8 +131,12 @@ bool FrameWasTaken(int fd, const termios& wanted)
 std::optional<PortFault> OpenLine(const std::string& path, FileDescriptor& line)
 {
     FileDescriptor opened = OpenDescriptor(path, O_RDWR | O_NOCTTY | O_NONBLOCK);
-    if (!opened.IsOpen())
-        return FaultOf(errno);
+    if (!opened.IsOpen()) {
+        PortFault fault = FaultOf(errno);
+        if (fault.kind == PortFaultKind::NoPermission)
+            fault.group = GroupThatMayUse(path);
+        return fault;
+    }
     termios mode{};
     if (::tcgetattr(opened.Get(), &mode) != 0)
         return FaultOf(errno);

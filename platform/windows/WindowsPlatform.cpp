@@ -7,6 +7,7 @@
 #include "platform/windows/WindowsInstanceLock.h"
 #include "platform/windows/WindowsLocalClock.h"
 #include "platform/windows/WindowsLocaleItems.h"
+#include "platform/windows/WindowsPortDescriptions.h"
 #include "platform/windows/WindowsPortNames.h"
 #include "platform/windows/WindowsPortProbe.h"
 #include "platform/windows/WindowsPrivateProfile.h"
@@ -45,6 +46,7 @@ Platform MakePlatform()
         .serial = std::make_unique<WindowsSerialControl>(),
         .portNames = std::make_unique<WindowsPortNames>(),
         .portProbe = std::make_unique<WindowsPortProbe>(),
+        .portDescriptions = std::make_unique<WindowsPortDescriptions>(),
         .devices = std::make_unique<WindowsDeviceWatch>(),
         .files = std::make_unique<WindowsFileStore>(),
         .folders = std::make_unique<WindowsFolders>(),

@@ -4,6 +4,7 @@
 #include "app/QtText.h"
 #include "tests/support/Operator.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <gmock/gmock.h>
@@ -76,7 +77,10 @@ TEST_F(QtPromptsTest, ABoxBelongsToTheDialogBeforeADisabledWindow)
 
 TEST_F(QtPromptsTest, AMessageShowsItsTextAsItIsAndIsClosedInEveryWay)
 {
-    const Message message{.text = "<b>one</b>\r\ntwo & three", .icon = Icon::Exclamation, .titleId = 161};
+    const Message message{.text = "<b>one</b>\r\ntwo & three",
+                          .detail = "<i>why</i>",
+                          .icon = Icon::Exclamation,
+                          .titleId = 161};
     Operator someone;
     const Operator::Step ways[] = {Click(u"OK"_qs), Press(Qt::Key_Escape), Press(Qt::Key_Return),
                                    [](QDialog& box) { box.close(); }};
@@ -85,6 +89,9 @@ TEST_F(QtPromptsTest, AMessageShowsItsTextAsItIsAndIsClosedInEveryWay)
                           auto& box = dynamic_cast<QMessageBox&>(dialog);
                           EXPECT_EQ(box.text(), u"<b>one</b>\ntwo & three");
                           EXPECT_EQ(box.textFormat(), Qt::PlainText);
+                          EXPECT_EQ(box.informativeText(), u"<i>why</i>");
+                          EXPECT_EQ(box.findChild<QLabel*>(u"qt_msgbox_informativelabel"_qs)->textFormat(),
+                                    Qt::PlainText);
                           EXPECT_EQ(box.icon(), QMessageBox::Warning);
                           EXPECT_EQ(box.windowTitle(), u"測定器設定");
                       },

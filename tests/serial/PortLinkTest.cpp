@@ -39,6 +39,7 @@ TEST(PortLink, TellsThatThePortCannotBeUsedAndKeepsTheReason)
     EXPECT_FALSE(with.link.OpenPort());
     ASSERT_EQ(with.prompts.messages.size(), 1U);
     EXPECT_EQ(with.prompts.messages[0].text, "COM3 is not used.");
+    EXPECT_EQ(with.prompts.messages[0].detail, "Another program is using the port. Close it and try again.");
     EXPECT_EQ(with.prompts.messages[0].titleId, 101);
     EXPECT_EQ(with.prompts.messages[0].icon, Icon::None);
     EXPECT_EQ(with.link.LastFault()->kind, PortFaultKind::Busy);
