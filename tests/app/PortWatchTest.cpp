@@ -36,5 +36,33 @@ TEST(PortWatchTest, LooksWhenSomethingChangedAndSeldomOtherwise)
     EXPECT_FALSE(watch.Update(port));
 }
 
+TEST(PortWatchTest, TheListOfPortsIsReadAtAChangeAndOnceMoreTwoSecondsLater)
+{
+    FakeDeviceWatch devices;
+    const FakePortNames names;
+    PortWatch watch(devices, names);
+    const PortSettings port;
+    const auto change = [&](int updates) {
+        int changes = 0;
+        for (int update = 0; update < updates; ++update) {
+            static_cast<void>(watch.Update(port));
+            changes += watch.TakeChange() ? 1 : 0;
+            EXPECT_FALSE(watch.TakeChange());
+        }
+        return changes;
+    };
+    EXPECT_EQ(change(20), 0);
+    devices.changed = true;
+    EXPECT_EQ(change(1), 1);
+    EXPECT_EQ(change(7), 0);
+    EXPECT_EQ(change(1), 1); // 8 calls, 250 ms apart
+    EXPECT_EQ(change(20), 0);
+
+    devices.changed = true;
+    static_cast<void>(watch.Update(port));
+    static_cast<void>(watch.Update(port));
+    EXPECT_TRUE(watch.TakeChange()) << "kept until it is asked for";
+}
+
 } // namespace
 } // namespace quorvane
