@@ -34,4 +34,10 @@ void LoadLanguageMode(const FileStore& store, const std::string& folder, std::in
         mode = LanguageModeIn(bytes, mode);
 }
 
+std::optional<FileFault> SaveLanguageMode(FileStore& store, const std::string& folder, std::int16_t mode)
+{
+    const std::string line = std::string(kKey) + BlankedText(mode) + "\r\n";
+    return store.Replace(FileInFolder(folder, kLanguageFileName), line);
+}
+
 } // namespace quorvane
