@@ -242,6 +242,34 @@ enum OwnText : int {
     kSerialNumberText = 1392, ///< %1: a device's serial number
     kNoPortChosenText = 1393,
     kForcedLineText = 1394,
+    // The folder chooser.
+    kDriveText = 1411,
+    kFoldersText = 1412,
+    kChosenFolderText = 1413,
+    kFolderTreeText = 1414,
+    kNewFolderText = 1415,
+    kNewFolderNameText = 1416,
+    kFolderNotMadeText = 1417,
+    kFolderNameRefusedText = 1418,
+    kHomeFolderText = 1419,
+    kWholeComputerText = 1420,
+
+    // The options and the language selection.
+    kOptionTitleText = 1421,
+    kDataFolderText = 1422,
+    kDataFolderTipText = 1423,
+    kBrowseText = 1424,
+    kRunModeText = 1425,
+    kInstrumentChoiceText = 1426,
+    kSimulatedChoiceText = 1427,
+    kLanguageText = 1428,
+    kSystemLanguageText = 1429, ///< %1: the language that the system's own one gives
+    kLanguageHintText = 1430,
+    kFolderMissingText = 1431,
+    kFolderThisSessionText = 1432,
+    kLanguageNextStartText = 1433,
+    kLanguageNotSavedText = 1434,
+    kJapaneseOnlyText = 1435,
 };
 
 } // namespace quorvane

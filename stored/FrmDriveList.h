@@ -4,10 +4,12 @@
 #include "app/Prompts.h"
 #include "app/Texts.h"
 #include "stored/DriveFolders.h"
+#include "stored/FolderChoice.h"
 
 #include <QDialog>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace Ui {
 class FrmDriveList;
@@ -32,9 +34,23 @@ public:
     void done(int result) override;
 
 private:
-    ApplicationState& state_;
+    void SetCaptions();
+    void SetFonts();
+    void FillDrives();
+    void ConnectControls();
+    void Start();
+    void Drive1Change(int index);
+    void Dir1Change(const QString& folder);
+    void ShowDrive();
+    [[nodiscard]] std::optional<std::size_t> PresentDrive() const;
+    void Tell(int textId);
+    [[nodiscard]] QString Caption(const Drive& drive) const;
+
     Parts parts_;
+    FolderChoice choice_;
+    const std::vector<Drive> drives_; ///< in the order of the list
     std::unique_ptr<Ui::FrmDriveList> ui_;
+    bool telling_ = false;
 };
 
 } // namespace quorvane
