@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <string_view>
 #include <type_traits>
 #include <variant>
 
@@ -20,6 +19,7 @@ constexpr std::string_view kFileName = "Quorvane.ini";
 constexpr std::string_view kFirstLine = "[Quorvane Software Version]";
 constexpr std::string_view kTrue = " True";
 constexpr std::string_view kFalse = " False";
+constexpr std::string_view kRecordEnds = ",\r\n";
 constexpr std::string_view kOnlySpeed = "38400";
 constexpr std::int16_t kOnlyFlow = 3;
 constexpr std::int16_t kUsualSamplingSeconds = 60;
@@ -214,7 +214,7 @@ public:
         if (rest_.empty())
             return std::nullopt;
         rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size()));
-        const std::size_t end = std::min(rest_.find_first_of(",\r\n"), rest_.size());
+        const std::size_t end = std::min(rest_.find_first_of(kRecordEnds), rest_.size());
         const std::string_view record = rest_.substr(0, end);
         rest_.remove_prefix(end);
         rest_.remove_prefix(rest_.starts_with("\r\n") ? 2 : std::min<std::size_t>(rest_.size(), 1));
@@ -305,6 +305,11 @@ void SettingsFile::ApplyDefaultSettings()
     for (const Line& line : kLines)
         std::visit(SetDefault{state_, today}, line);
     state_.SamplingSeconds = kUsualSamplingSeconds;
+}
+
+bool SettingsFile::CanHold(std::string_view text)
+{
+    return text.find_first_of(kRecordEnds) == std::string_view::npos;
 }
 
 std::string SettingsFile::Path() const

@@ -8,6 +8,7 @@
 #include "files/FileStore.h"
 
 #include <string>
+#include <string_view>
 
 namespace quorvane {
 
@@ -31,6 +32,9 @@ public:
     /// Sets everything that has a key to its default, except `TotalSeconds`, which stays; `SamplingSeconds`
     /// becomes 60.
     void ApplyDefaultSettings();
+
+    /// Whether a text comes back whole when it was written: a comma or a line's end cuts it off.
+    [[nodiscard]] static bool CanHold(std::string_view text);
 
 private:
     [[nodiscard]] std::string Path() const;

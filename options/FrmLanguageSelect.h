@@ -6,6 +6,7 @@
 #include "files/FileStore.h"
 
 #include <QDialog>
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -32,9 +33,16 @@ public:
     void done(int result) override;
 
 private:
+    void SetCaptions();
+    void SetFonts();
+    void ConnectControls();
+    void Save();
+
     ApplicationState& state_;
     Parts parts_;
+    const std::int16_t before_; ///< `LanguageMode` as it was
     std::unique_ptr<Ui::FrmLanguageSelect> ui_;
+    bool telling_ = false;
 };
 
 } // namespace quorvane

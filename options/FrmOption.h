@@ -4,6 +4,7 @@
 #include "app/Prompts.h"
 #include "app/Texts.h"
 #include "files/FileStore.h"
+#include "options/OptionEdit.h"
 #include "stored/DriveFolders.h"
 
 #include <QDialog>
@@ -32,9 +33,17 @@ public:
     void done(int result) override;
 
 private:
+    void SetCaptions();
+    void SetFonts();
+    void ShowState();
+    void ConnectControls();
+    void Command3Click();
+
     ApplicationState& state_;
     Parts parts_;
+    OptionEdit edit_;
     std::unique_ptr<Ui::FrmOption> ui_;
+    bool busy_ = false; ///< a message or the folder chooser is open
 };
 
 } // namespace quorvane

@@ -1,0 +1,99 @@
+#include "options/FrmLanguageSelect.h"
+
+#include "app/LanguageOffset.h"
+#include "app/ProgramFont.h"
+#include "app/ProgramIcon.h"
+#include "app/QtText.h"
+#include "app/ScopedFlag.h"
+#include "options/LanguageFile.h"
+#include "options/OptionEdit.h"
+#include "options/ui_FrmLanguageSelect.h"
+#include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
+
+#include <QShortcut>
+#include <utility>
+
+namespace quorvane {
+namespace {
+
+constexpr std::int16_t kSystemLanguage = 0;
+constexpr std::int16_t kEnglish = 1;
+constexpr int kWidthDigits = 32; ///< at least, or the window's title is cut off
+
+} // namespace
+
+FrmLanguageSelect::FrmLanguageSelect(ApplicationState& state, Parts parts, QWidget* parent)
+    : QDialog(parent), state_(state), parts_(std::move(parts)), before_(state.LanguageMode), ui_([this] {
+          auto ui = std::make_unique<Ui::FrmLanguageSelect>();
+          ui->setupUi(this);
+          return ui;
+      }())
+{
+    setWindowIcon(ProgramIcon());
+    SetFonts();
+    SetCaptions();
+    ui_->Option1->setChecked(state_.LanguageMode == kEnglish);
+    ui_->Option2->setChecked(state_.LanguageMode == kSystemLanguage);
+    (ui_->Option2->isChecked() ? ui_->Option2 : ui_->Option1)->setFocus();
+    ConnectControls();
+}
+
+FrmLanguageSelect::~FrmLanguageSelect() = default;
+
+void FrmLanguageSelect::SetCaptions()
+{
+    const auto text = [this](int id) { return Shown(parts_.texts[id]); };
+    setWindowTitle(text(kLanguageSelectText));
+    ui_->Label1->setText(text(kChooseLanguageText));
+    ui_->Option1->setText(text(kEnglishText));
+    ui_->Option2->setText(text(kJapaneseText));
+    ui_->Option3->setText(text(kChineseText)); // meant: there are no Chinese texts, and it is never shown
+    ui_->Hint->setText(text(kJapaneseOnlyText));
+    ui_->Hint->setVisible(TableLanguageFor(state_.SystemLanguageName) != TableLanguage::Japanese);
+    ui_->Command1->setText(text(kOkText));
+}
+
+void FrmLanguageSelect::SetFonts()
+{
+    SetWindowFont(*this, parts_.texts);
+    ui_->Label1->setMinimumWidth(QFontMetrics(font()).horizontalAdvance(u'0') * kWidthDigits);
+}
+
+void FrmLanguageSelect::ConnectControls()
+{
+    connect(ui_->Option1, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kEnglish; });
+    connect(ui_->Option2, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kSystemLanguage; });
+    connect(ui_->Command1, &QPushButton::clicked, this, [this] { accept(); });
+    // The first letters of their English names, whatever language the captions are in.
+    const std::pair<Qt::Key, QRadioButton*> letters[] = {{Qt::Key_E, ui_->Option1},
+                                                         {Qt::Key_J, ui_->Option2}};
+    for (const auto& [letter, option] : letters)
+        connect(new QShortcut(letter, this), &QShortcut::activated, option, [option = option] {
+            option->setFocus();
+            option->click();
+        });
+}
+
+void FrmLanguageSelect::Save()
+{
+    const auto fault = SaveLanguageMode(parts_.files, state_.AppPath, state_.LanguageMode);
+    if (!fault)
+        return;
+    const ScopedFlag telling(telling_);
+    parts_.tell(LanguageNotSavedMessage(*fault, parts_.texts));
+}
+
+/// Every way out ends here: OK, Escape, the close box.
+void FrmLanguageSelect::done(int result)
+{
+    if (telling_)
+        return;
+    if (result == Accepted)
+        Save();
+    else
+        state_.LanguageMode = before_;
+    QDialog::done(result);
+}
+
+} // namespace quorvane
