@@ -1,10 +1,10 @@
-#include "app/FrmHelp.h"
 #include "app/FrmMenu.h"
 #include "app/ModalDialog.h"
 #include "app/QtText.h"
 #include "app/ui_FrmMenu.h"
 #include "graph/FrmGraphSetting.h"
 #include "measure/FrmMeasureSetting.h"
+#include "options/FrmHelp.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 

@@ -115,9 +115,9 @@ enum OwnText : int {
 
     // About the program.
     kAboutTitleText = 1171, ///< %1: the program's name
-    kVersionText = 1172,    ///< %1: the version's number
+    kVersionText = 1172,
     kLicenceText = 1173,
-    kToolkitText = 1174,
+    kLibraryText = 1174,
     kProcessorText = 1175,
     kProgramFilesText = 1176,
     kUnknownText = 1177,
@@ -270,6 +270,35 @@ enum OwnText : int {
     kLanguageNextStartText = 1433,
     kLanguageNotSavedText = 1434,
     kJapaneseOnlyText = 1435,
+    // About the program: further facts, what can be done with them.
+    kProcessorTypeText = 1441,
+    kProcessorMakerText = 1442,
+    kProcessorClockText = 1443,
+    kClockNowText = 1444,       ///< %1: MHz
+    kClockAtMostText = 1445,    ///< %1: MHz
+    kClockNowAtMostText = 1446, ///< %1: MHz; a second %1: MHz at most
+    kL2CacheText = 1447,
+    kKilobytesText = 1448, ///< %1: KB
+    kSystemText = 1449,
+    kSystemClassText = 1450,
+    kSystemLanguageText = 1451,
+    kOpenFolderText = 1452,
+    kCopyDetailsText = 1453,
+    kCopiedText = 1454,
+    kFolderNotOpenedText = 1455,
+
+    // The window with the guide.
+    kGuideTitleText = 1456,
+    kGuideBackText = 1457,
+    kGuideForwardText = 1458,
+    kGuideChaptersText = 1459,
+    kGuideFindText = 1460,
+    kGuideFindTipText = 1461,
+    kGuideNotFoundText = 1462,
+    kGuideSmallerText = 1463,
+    kGuideLargerText = 1464,
+    kGuideSmallerTipText = 1465,
+    kGuideLargerTipText = 1466,
 };
 
 } // namespace quorvane

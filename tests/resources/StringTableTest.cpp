@@ -57,7 +57,7 @@ TEST(StringTable, JapaneseTextsAreTranslatedAndComplete)
 {
     std::set<int> namesAndSymbols = {
         101, 128, 166, 167, 168, 174, 249, 273, 280, 281, 282, 292, kTwaColumnText, kStelColumnText};
-    namesAndSymbols.insert({kChannel1Text, kXonXoffText, kRtsCtsText, kXonRtsText});
+    namesAndSymbols.insert({kKilobytesText, kGuideSmallerText, kGuideLargerText});
     for (const int id : KnownNumbers()) {
         const std::string english = kEnglish.Text(id, 0);
         const std::string japanese = kJapanese.Text(id, 0);

@@ -1,0 +1,12 @@
+#include "graph/PlotVersion.h"
+
+#include "graph/PlotLibrary.h"
+
+namespace quorvane {
+
+std::string PlotLibraryVersion()
+{
+    return QCUSTOMPLOT_VERSION_STR;
+}
+
+} // namespace quorvane
