@@ -47,7 +47,7 @@ std::vector<AboutRow> AboutRows(const ApplicationState& state, const Texts& text
     add(kSystemText, surroundings.system);
     add(kSystemClassText, std::to_string(state.OsKind));
     add(kSystemLanguageText, state.SystemLanguageName);
-    add(kProgramFilesText, state.AppPath);
+    rows.push_back({texts[kProgramFilesText], state.AppPath});
     return rows;
 }
 

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+namespace quorvane {
+
+/// Markdown without the line breaks inside Japanese sentences: a break counts as a blank, and Japanese has
+/// none between its words. Breaks between other letters, and those around paragraphs, lists, tables and
+/// headings, stay.
+[[nodiscard]] QString WithoutBreaksInSentences(const QString& markdown);
+
+/// The name by which links find a heading, as the usual viewers of Markdown make it: lower case, blanks as
+/// "-", without punctuation.
+[[nodiscard]] QString HeadingAnchor(const QString& heading);
+
+/// Whether a heading is the one that is looked for, whatever its case and the blanks around it.
+[[nodiscard]] bool IsSameHeading(const QString& heading, const QString& wanted);
+
+} // namespace quorvane
