@@ -114,20 +114,22 @@ TEST_F(GuideTest, TheKeyOpensTheChapterOfAModalDialogAndBothCanBeUsed)
     ShowModal(dialog);
     Press(dialog, Qt::Key_F1);
     EXPECT_EQ(Chapter(), title);
-    EXPECT_EQ(Find<QTreeWidget>("Contents")->currentItem()->text(0), title);
+    const QTreeWidgetItem* const listed = Find<QTreeWidget>("Contents")->currentItem();
+    EXPECT_TRUE(listed != nullptr && listed->text(0) == title);
     ExpectUsable();
 
-    QMessageBox box(QMessageBox::NoIcon, u"A box"_qs, u"A question"_qs, QMessageBox::Ok, &dialog);
-    ShowModal(box); // with the guide on the screen
+    auto box = std::make_unique<QMessageBox>(QMessageBox::NoIcon, u"A box"_qs, u"A question"_qs,
+                                             QMessageBox::Ok, &dialog);
+    ShowModal(*box); // with the guide on the screen
     ExpectUsable();
-    Press(box, Qt::Key_F1); // there is no such chapter
+    Press(*box, Qt::Key_F1); // there is no such chapter
     EXPECT_EQ(View().verticalScrollBar()->value(), 0);
     Press(*Window(), Qt::Key_Escape);
     EXPECT_FALSE(Window()->isVisible());
-    EXPECT_TRUE(box.isVisible());
+    EXPECT_TRUE(box->isVisible());
 
-    Press(box, Qt::Key_F1);
-    box.close();
+    Press(*box, Qt::Key_F1);
+    box.reset();
     ExpectUsable();
     dialog.close();
     ExpectUsable();
@@ -135,15 +137,15 @@ TEST_F(GuideTest, TheKeyOpensTheChapterOfAModalDialogAndBothCanBeUsed)
     EXPECT_FALSE(Window()->isVisible());
 }
 
-TEST_F(GuideTest, CanBeUsedBesideADialogThatDisablesTheMainWindow)
+TEST_F(GuideTest, CanBeUsedBesideADialogThatIsNotModalAndWhileTheMainWindowIsDisabled)
 {
     guide.Open();
     QDialog dialog(&main);
+    dialog.setWindowTitle(View().Chapters().at(1).title);
     dialog.show();
+    Press(dialog, Qt::Key_F1); // not the shortcut's beginning of the guide, nor both
+    EXPECT_EQ(Chapter(), dialog.windowTitle());
     main.setEnabled(false);
-    dialog.setEnabled(true);
-    ExpectUsable();
-    Press(dialog, Qt::Key_F1);
     ExpectUsable();
 }
 
