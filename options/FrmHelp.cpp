@@ -81,7 +81,8 @@ void FrmHelp::SetCaptions()
     ui_->Command3->setText(text(kCopyDetailsText));
 }
 
-/// The last row, the folder, has a box of its own: it may be long.
+/// The last row, the folder, has a box of its own, in a row of the form that is below all these: it may be
+/// long.
 void FrmHelp::ShowRows()
 {
     int line = 0;
