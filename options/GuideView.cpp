@@ -250,8 +250,10 @@ void GuideView::wheelEvent(QWheelEvent* event)
 {
     if (!event->modifiers().testFlag(Qt::ControlModifier))
         return QTextBrowser::wheelEvent(event);
-    if (const int turned = event->angleDelta().y(); turned != 0)
-        Zoom(turned > 0 ? 1 : -1);
+    turned_ += event->angleDelta().y(); // a touchpad tells of parts of a step
+    if (const int steps = turned_ / QWheelEvent::DefaultDeltasPerStep; steps != 0)
+        Zoom(steps);
+    turned_ %= QWheelEvent::DefaultDeltasPerStep;
     event->accept();
 }
 

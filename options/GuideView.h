@@ -63,6 +63,7 @@ private:
     QUrl file_;  ///< that is shown
     QFont font_;
     int zoom_ = 0;
+    int turned_ = 0;      ///< of the wheel, beyond whole steps
     bool loaded_ = false; ///< since it was prepared last
 };
 
