@@ -26,13 +26,14 @@ constexpr double kScrollShare = 0.1;
 constexpr int kSmallestBand = 4; ///< pixels; a smaller one is a click of an unsteady hand
 
 /// Keeps the distance of two limits within bounds, around the same middle, and both at 0 or above: time and
-/// dust are never negative.
+/// dust are never negative, and an axis that has come down to 0 stays there.
 void Bound(double& low, double& high, double least, double most)
 {
-    const double distance = high - low;
-    const double margin = (std::clamp(distance, least, most) - distance) / 2;
-    low = std::max(0.0, low - margin);
-    high = std::max(low + least, high + margin);
+    low = std::max(0.0, low);
+    const double distance = std::clamp(high - low, least, most);
+    if (low > 0)
+        low = std::max(0.0, (low + high - distance) / 2);
+    high = low + distance;
 }
 
 bool IsFinite(const ChartLimits& limits)
