@@ -1,6 +1,7 @@
 #include "app/FileDialog.h"
 
 #include "app/MessageBox.h"
+#include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "files/SaveName.h"
 #include "resources/OwnTexts.h"
@@ -44,13 +45,13 @@ FileDialog::FileDialog(const Look& look, const Texts& texts, QWidget* parent)
     setAcceptMode(look.mode);
     setFileMode(look.files);
     types_ = findChild<QComboBox*>(u"fileTypeCombo"_qs);
-    Translate(look);
-    GiveRoom();
+    SetFonts();
+    SetCaptions(look);
     SetFolder(ExistingFolder(look.folder));
     SetFilters(look);
 }
 
-void FileDialog::Translate(const Look& look)
+void FileDialog::SetCaptions(const Look& look)
 {
     setWindowTitle(Shown(texts_[look.titleId]));
     setLabelText(LookIn, Shown(texts_[kLookInText]));
@@ -61,8 +62,9 @@ void FileDialog::Translate(const Look& look)
 }
 
 // The toolkit makes its columns and its list of places too narrow for their usual contents.
-void FileDialog::GiveRoom()
+void FileDialog::SetFonts()
 {
+    SetWindowFont(*this, texts_);
     const int column = fontMetrics().horizontalAdvance(u"0000-00-00 00:00:00"_qs);
     resize(column * 5, column * 3);
     if (auto* const list = findChild<QTreeView*>())

@@ -46,8 +46,8 @@ protected:
     void Refuse(int textId);
 
 private:
-    void Translate(const Look& look);
-    void GiveRoom();
+    void SetFonts();
+    void SetCaptions(const Look& look);
     void SetFolder(const QString& folder);
     void SetFilters(const Look& look);
     [[nodiscard]] QStringList TypedPaths() const;

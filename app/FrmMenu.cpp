@@ -3,6 +3,7 @@
 #include "app/CommandRules.h"
 #include "app/LanguageOffset.h"
 #include "app/MainCaptions.h"
+#include "app/ProgramFont.h"
 #include "app/ProgramIcon.h"
 #include "app/QtText.h"
 #include "app/ui_FrmMenu.h"
@@ -60,8 +61,9 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
     ui_->Command4->setIcon(ui_->MenuZoom->icon());
     ui_->Splitter->setStretchFactor(0, 1); // the chart takes the room that a larger window gives
     ui_->Splitter->setSizes({kChartShare, kTableShare});
+    ui_->SimulatedNotice->setStyleSheet( // loud, whatever the desktop's colours
+        QStringLiteral("QLabel { background: #ffd400; color: black; border: 2px solid black; }"));
     setAcceptDrops(true);
-    SetFonts();
     SetShortcuts();
     Connect();
 }
@@ -80,6 +82,7 @@ void FrmMenu::Load()
         LanguageOffsetFor(state_.LanguageMode, state_.SystemLanguageName, state_.LanguageOffset);
     state_.DataPresent = 0;
     state_.DataSaved = 0;
+    SetFonts();
     SetCaptions();
     table_->SetDecimalSign(parts_.locale.DecimalSign());
     limits_.Fill();
@@ -102,20 +105,19 @@ void FrmMenu::Announce(const std::string& text)
     status_.Announce(Shown(text));
 }
 
-/// What is read from a distance is large; what must not be overlooked is loud, whatever the desktop's
-/// colours.
+/// The font routine, once the language is settled and whenever the captions are set again. What is read from
+/// a distance is large.
 void FrmMenu::SetFonts()
 {
-    const auto enlarge = [](QWidget& widget, double factor) {
-        QFont font = widget.font();
-        font.setPointSizeF(font.pointSizeF() * factor);
-        font.setBold(true);
-        widget.setFont(font);
-    };
-    enlarge(*ui_->Command1, 1.25);
-    enlarge(*ui_->SimulatedNotice, 1.25);
-    ui_->SimulatedNotice->setStyleSheet(
-        QStringLiteral("QLabel { background: #ffd400; color: black; border: 2px solid black; }"));
+    SetWindowFont(*this, parts_.run.texts);
+    QFont large = Enlarged(font(), 1.25);
+    large.setBold(true);
+    ui_->Command1->setFont(large);
+    ui_->SimulatedNotice->setFont(large);
+    readings_.SetFonts(font());
+    ui_->vaSpread1->SetFonts(font());
+    ui_->TChart1->SetFonts(font());
+    status_.MakeRoom();
 }
 
 void FrmMenu::SetShortcuts()

@@ -229,6 +229,7 @@ void FrmMenu::MenuGraphSetting()
     const ChartView before = ViewOf(state_);
     ShowDialog(new FrmGraphSetting(
         state_, parts_.run.texts, [this](const Message& message) { Ask(message); }, this));
+    SetFonts();
     SetCaptions();
     chart_.FlagsEdited(before);
 }

@@ -1,6 +1,7 @@
 #include "app/MessageBox.h"
 
 #include "app/ModalDialog.h"
+#include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
@@ -56,6 +57,7 @@ AnswerBox NewBox(const Message& message, const Texts& texts, QWidget* parent, Wa
 {
     AnswerBox made{.box = new QMessageBox(parent)};
     QMessageBox& box = *made.box;
+    SetWindowFont(box, texts);
     box.setWindowTitle(Shown(texts[message.titleId]));
     box.setIcon(ToolkitIcon(message.icon));
     box.setTextFormat(Qt::PlainText);

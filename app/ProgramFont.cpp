@@ -2,34 +2,57 @@
 
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QGuiApplication>
 #include <QWidget>
+#include <array>
 
 namespace quorvane {
 namespace {
 
-QStringList JapaneseFamilies()
-{
-    QStringList families;
-    for (const QString& family :
-         {u"Yu Gothic UI"_qs, u"Meiryo UI"_qs, u"MS UI Gothic"_qs, u"Noto Sans CJK JP"_qs, u"Noto Sans JP"_qs,
-          u"IPAPGothic"_qs, u"VL PGothic"_qs, u"TakaoPGothic"_qs})
-        if (QFontDatabase::hasFamily(family))
-            families += family;
-    return families;
-}
+/// The best first: what systems have been set in themselves, then what can be added to them.
+constexpr std::array kJapaneseFamilies{
+    u"Yu Gothic UI",     // every Windows since 8.1
+    u"Meiryo UI",        // Windows with its Japanese fonts
+    u"MS UI Gothic",     // every Windows
+    u"Noto Sans CJK JP", // Debian, Ubuntu, Fedora
+    u"Noto Sans JP",     // Fedora's smaller package; Windows of late
+    u"Source Han Sans JP",
+    u"Source Han Sans", // the same letters under their maker's name
+    u"BIZ UDPGothic",   // Windows with its Japanese fonts, Debian, Ubuntu
+    u"IPAPGothic",      // Debian, Ubuntu, Fedora
+    u"IPAexGothic",
+    u"TakaoPGothic", // earlier Ubuntu
+    u"VL PGothic",   // earlier Fedora, Debian
+};
 
 } // namespace
 
 // Chinese and Japanese share character codes and draw them differently: the first family that has one
-// decides. Japanese texts are set in a Japanese family throughout; English ones keep the system's font and
-// take a Japanese family for what it lacks, names of files for instance.
+// decides.
+QStringList FontFamilies(TableLanguage language, const QString& usual,
+                         const std::function<bool(const QString&)>& installed)
+{
+    QStringList japanese;
+    for (const char16_t* const name : kJapaneseFamilies)
+        if (const QString family = QString::fromUtf16(name); installed(family))
+            japanese += family;
+    return language == TableLanguage::Japanese ? japanese + QStringList{usual}
+                                               : QStringList{usual} + japanese;
+}
+
 QFont ProgramFont(TableLanguage language)
 {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    QFont font = QGuiApplication::font();
     // By its real name: "Sans Serif" and the like are passed over in a list.
-    const QStringList usual = {QFontInfo(font).family()};
-    const QStringList japanese = JapaneseFamilies();
-    font.setFamilies(language == TableLanguage::Japanese ? japanese + usual : usual + japanese);
+    const QString usual = QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family();
+    font.setFamilies(FontFamilies(language, usual,
+                                  [](const QString& family) { return QFontDatabase::hasFamily(family); }));
+    return font;
+}
+
+QFont Enlarged(QFont font, double factor)
+{
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * factor); // a desktop may give it in pixels
     return font;
 }
 

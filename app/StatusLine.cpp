@@ -44,7 +44,9 @@ QLabel* NewField(QStatusBar& bar, const char* name)
 
 void SetField(QLabel& label, const std::string& text)
 {
-    label.setText(Shown(text));
+    const QString shown = Shown(text);
+    label.setText(shown);
+    label.setToolTip(shown.toHtmlEscaped()); // where there is no room for all of it
     label.setVisible(!text.empty());
 }
 
@@ -62,10 +64,14 @@ StatusLine::StatusLine(QStatusBar& bar)
 {
     bar.addWidget(state_);
     announcement_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // what room is left
-    port_->setMaximumWidth(port_->fontMetrics().averageCharWidth() * kPortCharacters);
     bar.addWidget(announcement_, 1);
     for (QLabel* field : {sample_, timeLeft_, age_, behind_, mode_, port_})
         bar.addPermanentWidget(field);
+}
+
+void StatusLine::MakeRoom()
+{
+    port_->setMaximumWidth(port_->fontMetrics().averageCharWidth() * kPortCharacters);
 }
 
 void StatusLine::Show(const RunStatusText& text)

@@ -13,6 +13,8 @@ namespace quorvane {
 class StatusLine final {
 public:
     explicit StatusLine(QStatusBar& bar);
+    /// Wide enough fields, in whatever size letters have here.
+    void MakeRoom();
     void Show(const RunStatusText& text);
     /// A text that stays behind the first field until it is replaced by an empty one.
     void Announce(const QString& text);

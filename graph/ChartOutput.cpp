@@ -1,6 +1,7 @@
 #include "graph/ChartOutput.h"
 
 #include "app/ModalDialog.h"
+#include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "files/FileFaultText.h"
 #include "graph/PreviewWindow.h"
@@ -117,7 +118,8 @@ ChartPage ChartOutput::Page() const
     ChartPage page{.title = Shown(texts_[kProgramNameText]),
                    .facts = ChartFacts(state_, arrays_, texts_, locale_),
                    .notice = arrays_.Simulated ? Shown(texts_[kChartSimulatedText]) : QString(),
-                   .charts = {}};
+                   .charts = {},
+                   .font = ProgramFont(texts_.Language())};
     for (const QSize size : UsualChartSizes())
         page.charts.push_back({chart_.Frozen(size), size});
     return page;

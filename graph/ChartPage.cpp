@@ -6,7 +6,6 @@
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 
-#include <QGuiApplication>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -48,9 +47,8 @@ QString FactorOf(const MeasurementArrays& arrays, const std::string& decimalSign
     return Shown(GeneralText(LeadingNumber(arrays.ExtraField[1]) / 1000, decimalSign));
 }
 
-QFont PageFont(int pixels, bool bold)
+QFont PageFont(QFont font, int pixels, bool bold)
 {
-    QFont font = QGuiApplication::font();
     font.setPixelSize(pixels); // of the page's own unit, not of the paper's resolution
     font.setBold(bold);
     return font;
@@ -143,12 +141,12 @@ void PaintChartPage(QPainter& painter, const QRectF& area, const ChartPage& page
     painter.translate(area.topLeft());
     painter.scale(unit, unit);
     painter.setPen(Qt::black);
-    painter.setFont(PageFont(kTitlePixels, true));
+    painter.setFont(PageFont(page.font, kTitlePixels, true));
     painter.drawText(QRectF(0, 0, size.width(), kTitleHeight), Qt::AlignLeft | Qt::AlignTop, page.title);
-    painter.setFont(PageFont(kTextPixels, false));
+    painter.setFont(PageFont(page.font, kTextPixels, false));
     PaintFacts(painter, {0, kTitleHeight, size.width(), kFactRows * kLineHeight}, page.facts);
     painter.setPen(QColor(176, 0, 0));
-    painter.setFont(PageFont(kTextPixels, true));
+    painter.setFont(PageFont(page.font, kTextPixels, true));
     painter.drawText(QRectF(0, kTitleHeight + kFactRows * kLineHeight, size.width(), kLineHeight),
                      Qt::AlignLeft | Qt::AlignVCenter, page.notice);
     PaintChart(painter, {0, kHeadingHeight, size.width(), size.height() - kHeadingHeight}, page.charts);

@@ -5,6 +5,7 @@
 #include "app/Texts.h"
 #include "measure/MeasurementArrays.h"
 
+#include <QFont>
 #include <QPicture>
 #include <QRectF>
 #include <QSize>
@@ -36,6 +37,7 @@ struct ChartPage {
     std::vector<PageFact> facts;
     QString notice;                  ///< that the values are made up; empty when they are measured
     std::vector<FrozenChart> charts; ///< of several shapes; the page takes the one that fills it best
+    QFont font;                      ///< of the texts, which have sizes of their own
 };
 
 /// Date and time of the first and the last reading, how many there are, the factor, the limits. A reading

@@ -4,7 +4,6 @@
 #include "graph/ChartParts.h"
 #include "resources/OwnTexts.h"
 
-#include <QFontDatabase>
 #include <algorithm>
 #include <cmath>
 
@@ -53,19 +52,6 @@ const std::array<SeriesLook, kChartSeriesCount> kLooks = {{
 const QString kBarLayer = QStringLiteral("bars");
 const QString kLevelLayer = QStringLiteral("levels");
 
-QFont ChartFont(int pixels)
-{
-    QStringList families;
-    for (const QString& family :
-         {u"MS UI Gothic"_qs, u"MS PGothic"_qs, u"Yu Gothic UI"_qs, u"Meiryo UI"_qs, u"Noto Sans CJK JP"_qs})
-        if (QFontDatabase::hasFamily(family))
-            families += family;
-    QFont font;
-    font.setFamilies(families + font.families());
-    font.setPixelSize(pixels); // not points: paper and files scale the whole picture
-    return font;
-}
-
 /// Two corners of shading just inside `rect`.
 void DrawBevel(QPainter* painter, const QRect& rect, const QColor& topLeft, const QColor& bottomRight)
 {
@@ -108,14 +94,31 @@ ChartPlot::ChartPlot(QWidget* parent) : QCustomPlot(parent)
     SetUpLegend();
     AddSeries();
     AddDecorations();
+    SetFonts(font());
+}
+
+void ChartPlot::SetFonts(const QFont& font)
+{
+    families_ = font.families();
+    for (QCPAxis* const axis : axisRect()->axes()) {
+        axis->setTickLabelFont(TextFont(kTextPixels));
+        axis->setLabelFont(TextFont(kTextPixels));
+    }
+    legend->setFont(TextFont(kLegendTextPixels));
+    LayOut(size());
+}
+
+QFont ChartPlot::TextFont(int pixels) const
+{
+    QFont font;
+    font.setFamilies(families_);
+    font.setPixelSize(pixels); // not points: paper and files scale the whole picture
+    return font;
 }
 
 void ChartPlot::SetUpAxes()
 {
-    const QFont font = ChartFont(kTextPixels);
     for (QCPAxis* const axis : axisRect()->axes()) {
-        axis->setTickLabelFont(font);
-        axis->setLabelFont(font);
         axis->setTickLabelColor(Qt::black);
         axis->setLabelColor(Qt::black);
         axis->grid()->setPen(QPen(QColor(0, 0, 0, 48), 1, Qt::DotLine));
@@ -148,7 +151,6 @@ void ChartPlot::SetUpLegend()
     row->expandTo(1, 3); // empty to both sides, so that it stands in the middle
     row->addElement(0, 1, legend);
     row->setColumnStretchFactor(1, 0.001);
-    legend->setFont(ChartFont(kLegendTextPixels));
     legend->setTextColor(Qt::black);
     legend->setBrush(kLegendPanel);
     legend->setBorderPen(QPen(Qt::black));
@@ -368,7 +370,7 @@ void ChartPlot::DrawNotice(QCPPainter* painter) const
     if (!simulated_)
         return;
     const QRect area = CurveArea();
-    QFont font = ChartFont(kNoticePixels);
+    QFont font = TextFont(kNoticePixels);
     font.setBold(true);
     const int length = QFontMetrics(font).horizontalAdvance(notice_) + 4 * kNoticeMargin;
     if (length > area.width()) // rather small than cut off

@@ -17,6 +17,7 @@ class ChartPlot final : public QCustomPlot {
 public:
     explicit ChartPlot(QWidget* parent);
 
+    void SetFonts(const QFont& font);
     void SetCaptions(const Texts& texts);
     void SetView(ChartView view);
     void SetInLegend(std::int16_t series, bool shown);
@@ -44,6 +45,7 @@ protected:
 private:
     void AddSeries();
     void AddDecorations();
+    [[nodiscard]] QFont TextFont(int pixels) const;
     void SetUpAxes();
     void SetUpLegend();
     void LayOut(QSize size);
@@ -52,6 +54,7 @@ private:
     void DrawAxisTitle(QCPPainter* painter) const;
     void DrawNotice(QCPPainter* painter) const;
 
+    QStringList families_; ///< of its texts
     std::array<bool, kChartSeriesCount> inLegend_{};
     ChartView view_ = ChartView::None;
     QString relativeTitle_;

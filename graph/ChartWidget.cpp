@@ -55,6 +55,12 @@ ChartWidget::ChartWidget(QWidget* parent)
 
 ChartWidget::~ChartWidget() = default;
 
+void ChartWidget::SetFonts(const QFont& font)
+{
+    plot_->SetFonts(font);
+    Changed();
+}
+
 void ChartWidget::SetCaptions(const Texts& texts)
 {
     plot_->SetCaptions(texts);

@@ -20,6 +20,8 @@ public:
     explicit ChartWidget(QWidget* parent = nullptr);
     ~ChartWidget() override;
 
+    /// The chart's texts have sizes of their own, in pixels, and the families of `font`.
+    void SetFonts(const QFont& font);
     /// Legend, axis titles, notice of simulated values, accessible name.
     void SetCaptions(const Texts& texts);
     /// `hint` gives the text shown beside the mouse for the time under it; an empty one shows nothing.
@@ -33,7 +35,7 @@ public:
     [[nodiscard]] double LeftMinimum() const;
 
     [[nodiscard]] QSize sizeHint() const override { return {720, 360}; }
-    [[nodiscard]] QSize minimumSizeHint() const override { return {320, 160}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {320, 140}; }
 
     [[nodiscard]] ChartTime BottomMinimum() const override;
     [[nodiscard]] ChartTime BottomMaximum() const override;

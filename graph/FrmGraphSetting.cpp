@@ -1,5 +1,6 @@
 #include "graph/FrmGraphSetting.h"
 
+#include "app/ProgramFont.h"
 #include "app/ProgramIcon.h"
 #include "app/QtText.h"
 #include "app/ScopedFlag.h"
@@ -27,6 +28,7 @@ FrmGraphSetting::FrmGraphSetting(GraphFlags& flags, const Texts& texts,
              ui_->Check6, ui_->Check7, ui_->Check8, ui_->Check9}
 {
     setWindowIcon(ProgramIcon());
+    SetFonts();
     SetCaptions();
     ConnectBoxes();
     connect(ui_->Command1, &QPushButton::clicked, this, [this] {
@@ -39,6 +41,11 @@ FrmGraphSetting::FrmGraphSetting(GraphFlags& flags, const Texts& texts,
 }
 
 FrmGraphSetting::~FrmGraphSetting() = default;
+
+void FrmGraphSetting::SetFonts()
+{
+    SetWindowFont(*this, texts_);
+}
 
 void FrmGraphSetting::SetCaptions()
 {

@@ -28,6 +28,7 @@ public:
     void done(int result) override;
 
 private:
+    void SetFonts();
     void SetCaptions();
     void ConnectBoxes();
     void Refresh();

@@ -8,8 +8,8 @@
 #include <QPrinter>
 #include <functional>
 
-class QDialogButtonBox;
 class QPrintPreviewWidget;
+class QPushButton;
 
 namespace quorvane {
 
@@ -24,13 +24,18 @@ public:
     ~PreviewWindow() override;
 
 private:
-    void AddOrientations(QDialogButtonBox& buttons, const Texts& texts);
+    void AddButtons();
+    void SetCaptions(const Texts& texts);
     void Turn(QPageLayout::Orientation orientation);
 
     const ChartPage page_;
     const Print print_;
     QPrinter printer_{QPrinter::HighResolution};
     QPrintPreviewWidget* view_;
+    QPushButton* upright_;
+    QPushButton* across_;
+    QPushButton* paper_;
+    QPushButton* close_;
 };
 
 } // namespace quorvane

@@ -1,5 +1,6 @@
 #include "instrument/FrmQuorvaneSetting.h"
 
+#include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "files/NumberText.h"
 #include "instrument/SettingCaptions.h"
@@ -66,13 +67,24 @@ FrmQuorvaneSetting::FrmQuorvaneSetting(ApplicationState& state, const Parts& par
     FillWithNumbers(*ui_->Combo1, kHours);
     FillWithNumbers(*ui_->Combo2, kSixty);
     FillWithNumbers(*ui_->Combo3, kSixty);
-    SetSettingCaptions(*ui_, texts_);
-    setWindowTitle(Shown(texts_[kInstrumentSettingText]));
-    MakeSettingRoom(*ui_);
+    SetFonts();
+    SetCaptions();
     Connect();
 }
 
 FrmQuorvaneSetting::~FrmQuorvaneSetting() = default;
+
+void FrmQuorvaneSetting::SetFonts()
+{
+    SetWindowFont(*this, texts_);
+    SetSettingFonts(*ui_, font());
+}
+
+void FrmQuorvaneSetting::SetCaptions()
+{
+    setWindowTitle(Shown(texts_[kInstrumentSettingText]));
+    SetSettingCaptions(*ui_, texts_);
+}
 
 // ---- opening and closing --------------------------------------------------------------------------------
 

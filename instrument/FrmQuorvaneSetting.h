@@ -45,6 +45,8 @@ protected:
 
 private:
     class Question;
+    void SetFonts();
+    void SetCaptions();
     void Connect();
     void Tell(const Message& message);
     [[nodiscard]] CheckedInputs::Input InputOf(CheckedBox* box, ProgramField field);

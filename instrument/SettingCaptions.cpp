@@ -1,6 +1,7 @@
 #include "instrument/SettingCaptions.h"
 
 #include "app/CheckedBox.h"
+#include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "instrument/ui_FrmQuorvaneSetting.h"
 #include "resources/OwnTexts.h"
@@ -16,13 +17,6 @@ void Describe(QWidget& control, const QString& text)
 {
     control.setToolTip(text);
     control.setAccessibleName(text);
-}
-
-void Enlarge(QWidget& control)
-{
-    QFont font = control.font();
-    font.setPointSizeF(font.pointSizeF() * 1.5);
-    control.setFont(font);
 }
 
 } // namespace
@@ -77,9 +71,10 @@ void SetSettingCaptions(const Ui::FrmQuorvaneSetting& ui, const Texts& texts)
     ui.Label23->setToolTip(text(kClockRequestTipText)); // what it says is its own name
 }
 
-void MakeSettingRoom(const Ui::FrmQuorvaneSetting& ui)
+void SetSettingFonts(const Ui::FrmQuorvaneSetting& ui, const QFont& font)
 {
-    const int digit = ui.SSTab1->fontMetrics().horizontalAdvance(u"0"_qs);
+    const QFontMetrics metrics(font);
+    const int digit = metrics.horizontalAdvance(u"0"_qs);
     ui.Text4->setFixedWidth(16 * digit);
     for (QWidget* const box : {static_cast<QWidget*>(ui.Text1), static_cast<QWidget*>(ui.Text9)})
         box->setFixedWidth(10 * digit);
@@ -88,13 +83,10 @@ void MakeSettingRoom(const Ui::FrmQuorvaneSetting& ui)
     for (QWidget* const box : {ui.TotalHours, ui.TotalMinutes})
         box->setFixedWidth(10 * digit);
     for (QLineEdit* const clock : {ui.Text5, ui.Text6, ui.Text7, ui.Text8}) {
-        Enlarge(*clock);
+        clock->setFont(Enlarged(font, 1.5));
         clock->setMinimumWidth(clock->fontMetrics().horizontalAdvance(u"0000/00/00"_qs) + 3 * digit);
     }
-    ui.Label23->setMinimumHeight(ui.SSTab1->fontMetrics().lineSpacing());
-    ui.Label23->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    ui.Notice->setStyleSheet(QStringLiteral(
-        "QLabel { background: #ffd400; color: black; border: 2px solid black; padding: 2px; }"));
+    ui.Label23->setMinimumHeight(metrics.lineSpacing());
 }
 
 } // namespace quorvane

@@ -1,5 +1,6 @@
 #include "measure/FrmMeasureSetting.h"
 
+#include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "files/NumberText.h"
 #include "measure/ui_FrmMeasureSetting.h"
@@ -26,8 +27,8 @@ FrmMeasureSetting::FrmMeasureSetting(MeasureSettings& settings, const Texts& tex
                InputOf(ui_->Text3, MeasureField::SamplingSeconds, texts)},
               std::move(tell))
 {
+    SetFonts(texts);
     SetCaptions(texts);
-    MakeRoom();
     inputs_.SetWayOut(ui_->Command2);
     connect(ui_->Command1, &QPushButton::clicked, this, [this] { Command1Click(); });
     connect(ui_->Command2, &QPushButton::clicked, this, [this] { reject(); });
@@ -62,9 +63,10 @@ void FrmMeasureSetting::SetCaptions(const Texts& texts)
     }
 }
 
-/// The longest number and its frame, in whatever size letters have here.
-void FrmMeasureSetting::MakeRoom()
+/// The boxes are as wide as the longest number and their frames.
+void FrmMeasureSetting::SetFonts(const Texts& texts)
 {
+    SetWindowFont(*this, texts);
     const int width = fontMetrics().horizontalAdvance(u"0000000000"_qs);
     for (QLineEdit* const box : {static_cast<QLineEdit*>(ui_->Text1), static_cast<QLineEdit*>(ui_->Text2),
                                  static_cast<QLineEdit*>(ui_->Text3), ui_->Text4, ui_->Text5, ui_->Text6})

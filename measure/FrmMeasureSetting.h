@@ -27,8 +27,8 @@ public:
     void done(int result) override;
 
 private:
+    void SetFonts(const Texts& texts);
     void SetCaptions(const Texts& texts);
-    void MakeRoom();
     [[nodiscard]] CheckedInputs::Input InputOf(CheckedBox* box, MeasureField field, const Texts& texts);
     void Command1Click();
     void ShowAll();

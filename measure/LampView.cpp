@@ -1,5 +1,6 @@
 #include "measure/LampView.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
@@ -33,11 +34,7 @@ void LampView::SetTexts(const QString& name, const QString& lit, const QString& 
     name_ = name;
     litText_ = lit;
     unlitText_ = unlit;
-    QFont bold = word_->font();
-    bold.setBold(true);
-    const QFontMetrics metrics(bold);
-    // The widest word decides, or the window would twitch when a lamp lights.
-    word_->setMinimumWidth(std::max(metrics.horizontalAdvance(lit), metrics.horizontalAdvance(unlit)));
+    MakeRoom();
     Refresh();
 }
 
@@ -47,13 +44,30 @@ void LampView::SetLit(bool lit)
     Refresh();
 }
 
+/// The widest word decides, or the window would twitch when a lamp lights.
+void LampView::MakeRoom()
+{
+    QFont bold = font();
+    bold.setBold(true);
+    const QFontMetrics metrics(bold);
+    word_->setMinimumWidth(
+        std::max(metrics.horizontalAdvance(litText_), metrics.horizontalAdvance(unlitText_)));
+}
+
+void LampView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        MakeRoom();
+}
+
 void LampView::Refresh()
 {
     const QIcon icon(lit_ ? litPicture_ : QStringLiteral(":/pictures/lamp-unlit.png"));
     picture_->setPixmap(icon.pixmap(QSize(kLampSize, kLampSize), devicePixelRatio()));
-    QFont font = word_->font();
-    font.setBold(lit_);
-    word_->setFont(font);
+    QFont weight; // and nothing else: the rest is the window's
+    weight.setBold(lit_);
+    word_->setFont(weight);
     word_->setText(lit_ ? litText_ : unlitText_);
     setAccessibleName(name_ + QLatin1Char(' ') + word_->text());
 }

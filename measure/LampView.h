@@ -20,7 +20,11 @@ public:
     void SetLit(bool lit);
     [[nodiscard]] bool IsLit() const { return lit_; }
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void MakeRoom();
     void Refresh();
 
     QLabel* picture_;

@@ -43,9 +43,6 @@ protected:
 
 LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(this))
 {
-    QFont font = this->font(); // the font operators know the table by, where it is installed
-    font.setFamilies(QStringList{QStringLiteral("MS PGothic")} + font.families());
-    setFont(font);
     setEditTriggers(NoEditTriggers);
     setSelectionBehavior(SelectRows);
     setAlternatingRowColors(true);
@@ -56,7 +53,6 @@ LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(th
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalHeader(new RowNumbers(this));
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
     horizontalHeader()->setHighlightSections(false);
 
@@ -64,6 +60,14 @@ LiveTable::LiveTable(QWidget* parent) : QTableView(parent), copy_(new QAction(th
     copy_->setShortcutContext(Qt::WidgetShortcut);
     addAction(copy_);
     connect(copy_, &QAction::triggered, this, [this] { CopySelection(); });
+}
+
+void LiveTable::SetFonts(const QFont& font)
+{
+    QFont known = font;
+    known.setFamilies(QStringList{QStringLiteral("MS PGothic")} + font.families());
+    setFont(known);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 4);
 }
 
 void LiveTable::SetCopyText(const QString& text)

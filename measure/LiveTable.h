@@ -11,6 +11,9 @@ class LiveTable final : public QTableView {
 public:
     explicit LiveTable(QWidget* parent = nullptr);
 
+    /// Rows and headings in the font operators know the table by, where it is installed.
+    /// @param font  of the window
+    void SetFonts(const QFont& font);
     void SetCopyText(const QString& text);
     /// Makes the columns wide enough for their headings and usual values.
     void FitColumns();

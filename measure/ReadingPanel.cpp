@@ -1,5 +1,6 @@
 #include "measure/ReadingPanel.h"
 
+#include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "measure/ReadingText.h"
 
@@ -14,15 +15,18 @@ constexpr double kLarge = 2.4; // times the window's font
 
 ReadingPanel::ReadingPanel(const Labels& labels) : labels_(labels)
 {
-    for (QLabel* label : {labels_.count, labels_.conc, labels_.twa, labels_.stel}) {
-        QFont font = label->font();
-        font.setPointSizeF(font.pointSizeF() * kLarge);
-        font.setBold(true);
-        label->setFont(font);
-        // As wide as the usual values get, or the window would twitch.
-        label->setMinimumWidth(QFontMetrics(font).horizontalAdvance(QStringLiteral("00.0000")));
-    }
     Show({}, 0, {});
+}
+
+void ReadingPanel::SetFonts(const QFont& font)
+{
+    QFont large = Enlarged(font, kLarge);
+    large.setBold(true);
+    for (QLabel* label : {labels_.count, labels_.conc, labels_.twa, labels_.stel}) {
+        label->setFont(large);
+        // As wide as the usual values get, or the window would twitch.
+        label->setMinimumWidth(QFontMetrics(large).horizontalAdvance(QStringLiteral("00.0000")));
+    }
 }
 
 void ReadingPanel::Show(const MeasurementArrays& arrays, int sample, std::string_view decimalSign)

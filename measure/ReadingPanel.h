@@ -4,6 +4,7 @@
 
 #include <string_view>
 
+class QFont;
 class QLabel;
 
 namespace quorvane {
@@ -19,6 +20,8 @@ public:
     };
     explicit ReadingPanel(const Labels& labels);
 
+    /// @param font  of the window
+    void SetFonts(const QFont& font);
     /// @param sample  from 1; 0: no reading. What is not there is shown as a dash.
     void Show(const MeasurementArrays& arrays, int sample, std::string_view decimalSign);
     /// Greys the values, for they are old.
