@@ -56,6 +56,7 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
           state, parts_.arrays, parts_.run, [this] { Save(); }, *this)
 {
     ui_->vaSpread1->setModel(table_);
+    ui_->Command1->setIcon(ui_->MenuMeasureStart->icon());
     ui_->Command2->setIcon(ui_->MenuAlarmReset->icon());
     ui_->Command3->setIcon(ui_->MenuWholeRun->icon());
     ui_->Command4->setIcon(ui_->MenuZoom->icon());
@@ -147,6 +148,7 @@ void FrmMenu::SetCaptions()
                          kIntegratedCountColumnText, kIntegratedConcColumnText})
         headings << UnitBelow(text(id));
     table_->SetHeadings(headings);
+    MakeMainRoom(*ui_, parts_.run.texts);
 }
 
 /// The window is named after the file that its readings come from.

@@ -53,6 +53,9 @@ void SetToolbar(Ui::FrmMenu& ui, const Texts& texts)
     }
 }
 
+constexpr QSize kStartButton(176, 84); ///< to be hit without looking, whatever its letters need
+constexpr QSize kResetButton(176, 52);
+
 } // namespace
 
 void SetMainCaptions(Ui::FrmMenu& ui, const Texts& texts)
@@ -64,10 +67,29 @@ void SetMainCaptions(Ui::FrmMenu& ui, const Texts& texts)
     ui.Command2->setText(text(kAlarmResetText));
     ui.Command2->setToolTip(text(kAlarmResetTipText));
     ui.SimulatedNotice->setText(text(kSimulatedNoticeText));
+    for (QLabel* const unit : {ui.Unit1, ui.Unit2, ui.Unit3})
+        unit->setText(text(kConcUnitText));
+    ui.CountUnit->setText(text(kCountUnitText));
     ui.CountName->setText(text(kCountMeaningText));
     ui.CountNow->setAccessibleName(text(kCountMeaningText));
     ui.vaSpread1->setAccessibleName(text(kTableText));
     ui.vaSpread1->SetCopyText(text(kCopyCommandText));
+}
+
+/// A size that is set by hand holds even where the text needs more, and the start button has two texts.
+void MakeMainRoom(Ui::FrmMenu& ui, const Texts& texts)
+{
+    QSize start = kStartButton;
+    const QString caption = ui.Command1->text();
+    for (const int id : {kMeasureStartText, kMeasureEndText}) {
+        ui.Command1->setText(Shown(texts[id]));
+        start = start.expandedTo(ui.Command1->sizeHint());
+    }
+    ui.Command1->setText(caption);
+    ui.Command1->setMinimumSize(start);
+    ui.Command2->setMinimumSize(kResetButton.expandedTo(ui.Command2->sizeHint()));
+    ui.SimulatedNotice->setMinimumHeight(
+        ui.SimulatedNotice->heightForWidth(ui.Central->minimumSizeHint().width()));
 }
 
 } // namespace quorvane

@@ -12,4 +12,7 @@ namespace quorvane {
 /// exposure rows, table headings) sets its captions itself.
 void SetMainCaptions(Ui::FrmMenu& ui, const Texts& texts);
 
+/// Makes buttons and notice large enough for any of their texts; wants fonts and captions to be set.
+void MakeMainRoom(Ui::FrmMenu& ui, const Texts& texts);
+
 } // namespace quorvane

@@ -299,6 +299,9 @@ enum OwnText : int {
     kGuideLargerText = 1464,
     kGuideSmallerTipText = 1465,
     kGuideLargerTipText = 1466,
+    // The main window: units of the large figures.
+    kConcUnitText = 1471,
+    kCountUnitText = 1472,
 };
 
 } // namespace quorvane

@@ -485,6 +485,8 @@ constexpr Entry kEntries[] = {
     {kGuideLargerText, "A+", "A+"},
     {kGuideSmallerTipText, "Smaller letters", "文字を小さくします"},
     {kGuideLargerTipText, "Larger letters", "文字を大きくします"},
+    {kConcUnitText, "mg/m3", "mg/m3"},
+    {kCountUnitText, "CPM", "CPM"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

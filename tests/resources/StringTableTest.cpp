@@ -55,9 +55,8 @@ TEST(StringTable, EveryTextIsInEnglishAgainTenThousandAboveWhateverTheLanguage)
 
 TEST(StringTable, JapaneseTextsAreTranslatedAndComplete)
 {
-    std::set<int> namesAndSymbols = {
-        101, 128, 166, 167, 168, 174, 249, 273, 280, 281, 282, 292, kTwaColumnText, kStelColumnText};
-    namesAndSymbols.insert({kKilobytesText, kGuideSmallerText, kGuideLargerText});
+    const std::set<int> namesAndSymbols = {
+        101, 128, 166, 167, 168, 174, 249, 273, 280, 281, 282, 292, kTwaColumnText, kStelColumnText, kConcUnitText, kCountUnitText};
     for (const int id : KnownNumbers()) {
         const std::string english = kEnglish.Text(id, 0);
         const std::string japanese = kJapanese.Text(id, 0);
