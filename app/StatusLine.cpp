@@ -32,10 +32,9 @@ protected:
     }
 };
 
-template <typename Label>
 QLabel* NewField(QStatusBar& bar, const char* name)
 {
-    auto* label = new Label(&bar);
+    auto* label = new ElidedLabel(&bar);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText);
     label->setContentsMargins(6, 0, 6, 0);
@@ -53,14 +52,14 @@ void SetField(QLabel& label, const std::string& text)
 } // namespace
 
 StatusLine::StatusLine(QStatusBar& bar)
-    : state_(NewField<ElidedLabel>(bar, "StatusState")),
-      announcement_(NewField<ElidedLabel>(bar, "StatusAnnouncement")),
-      sample_(NewField<QLabel>(bar, "StatusSample")),
-      timeLeft_(NewField<QLabel>(bar, "StatusTimeLeft")),
-      age_(NewField<QLabel>(bar, "StatusAge")),
-      behind_(NewField<QLabel>(bar, "StatusBehind")),
-      mode_(NewField<QLabel>(bar, "StatusMode")),
-      port_(NewField<ElidedLabel>(bar, "StatusPort"))
+    : state_(NewField(bar, "StatusState")),
+      announcement_(NewField(bar, "StatusAnnouncement")),
+      sample_(NewField(bar, "StatusSample")),
+      timeLeft_(NewField(bar, "StatusTimeLeft")),
+      age_(NewField(bar, "StatusAge")),
+      behind_(NewField(bar, "StatusBehind")),
+      mode_(NewField(bar, "StatusMode")),
+      port_(NewField(bar, "StatusPort"))
 {
     bar.addWidget(state_);
     announcement_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // what room is left
