@@ -117,7 +117,7 @@ void FrmMenu::SetFonts()
     ui_->SimulatedNotice->setFont(large);
     readings_.SetFonts(font());
     ui_->vaSpread1->SetFonts(font());
-    ui_->TChart1->SetFonts(font());
+    ui_->TChart1->SetFonts();
     status_.MakeRoom();
 }
 

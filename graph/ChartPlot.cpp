@@ -1,5 +1,6 @@
 #include "graph/ChartPlot.h"
 
+#include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "graph/ChartParts.h"
 #include "resources/OwnTexts.h"
@@ -94,12 +95,13 @@ ChartPlot::ChartPlot(QWidget* parent) : QCustomPlot(parent)
     SetUpLegend();
     AddSeries();
     AddDecorations();
-    SetFonts(font());
+    SetFonts();
 }
 
-void ChartPlot::SetFonts(const QFont& font)
+/// Japanese in either language; meant: the chart has always been set in it.
+void ChartPlot::SetFonts()
 {
-    families_ = font.families();
+    families_ = ProgramFont(TableLanguage::Japanese).families();
     for (QCPAxis* const axis : axisRect()->axes()) {
         axis->setTickLabelFont(TextFont(kTextPixels));
         axis->setLabelFont(TextFont(kTextPixels));

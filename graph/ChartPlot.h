@@ -17,7 +17,7 @@ class ChartPlot final : public QCustomPlot {
 public:
     explicit ChartPlot(QWidget* parent);
 
-    void SetFonts(const QFont& font);
+    void SetFonts();
     void SetCaptions(const Texts& texts);
     void SetView(ChartView view);
     void SetInLegend(std::int16_t series, bool shown);

@@ -55,9 +55,9 @@ ChartWidget::ChartWidget(QWidget* parent)
 
 ChartWidget::~ChartWidget() = default;
 
-void ChartWidget::SetFonts(const QFont& font)
+void ChartWidget::SetFonts()
 {
-    plot_->SetFonts(font);
+    plot_->SetFonts();
     Changed();
 }
 

@@ -20,8 +20,9 @@ public:
     explicit ChartWidget(QWidget* parent = nullptr);
     ~ChartWidget() override;
 
-    /// The chart's texts have sizes of their own, in pixels, and the families of `font`.
-    void SetFonts(const QFont& font);
+    /// The chart's texts have sizes of their own, in pixels, and the families of Japanese texts in either
+    /// language.
+    void SetFonts();
     /// Legend, axis titles, notice of simulated values, accessible name.
     void SetCaptions(const Texts& texts);
     /// `hint` gives the text shown beside the mouse for the time under it; an empty one shows nothing.

@@ -1,5 +1,6 @@
 #include "graph/ChartWidget.h"
 
+#include "app/ProgramFont.h"
 #include "graph/ChartSteps.h"
 #include "graph/PlotLibrary.h"
 #include "resources/StringTable.h"
@@ -315,6 +316,22 @@ TEST_F(ChartWidgetTest, ManyRepaintsAreOneAndNoneWhileHidden)
     chart.AddPoint(kMassSeries, kStart, 1);
     QApplication::processEvents();
     EXPECT_EQ(redraws, 2);
+}
+
+TEST_F(ChartWidgetTest, TextsAreInTheJapaneseFamilyInEitherLanguage)
+{
+    const auto& plot = *chart.findChild<QCustomPlot*>();
+    const QStringList japanese = ProgramFont(TableLanguage::Japanese).families();
+    QFont other;
+    other.setFamilies({u"Any Other"_qs});
+    chart.setFont(other); // as a window with English texts does
+    chart.SetFonts();
+    EXPECT_EQ(plot.legend->font().families(), japanese);
+    EXPECT_EQ(plot.legend->font().pixelSize(), 11);
+    for (const QCPAxis* const axis : {plot.xAxis, plot.yAxis}) {
+        EXPECT_EQ(axis->tickLabelFont().families(), japanese);
+        EXPECT_EQ(axis->labelFont().pixelSize(), 13);
+    }
 }
 
 TEST_F(ChartWidgetTest, LegendNamesWhatIsSwitchedInAndTheValueAxisWhatItShows)
