@@ -62,8 +62,7 @@ FrmHelp::~FrmHelp() = default;
 void FrmHelp::SetFonts()
 {
     SetWindowFont(*this, texts_);
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * kNameFactor);
+    QFont large = Enlarged(font(), kNameFactor);
     large.setBold(true);
     ui_->Label1->setFont(large);
 }

@@ -1,5 +1,6 @@
 #include "options/GuideView.h"
 
+#include "app/ProgramFont.h"
 #include "options/GuidePictures.h"
 #include "options/GuideText.h"
 
@@ -215,9 +216,7 @@ void GuideView::SetTextFont(const QFont& font)
 void GuideView::Zoom(int steps)
 {
     zoom_ = std::clamp(zoom_ + steps, kLeastZoom, kMostZoom);
-    QFont font = font_;
-    font.setPointSizeF(font_.pointSizeF() * std::pow(kZoomStep, zoom_));
-    Fit(font);
+    Fit(Enlarged(font_, std::pow(kZoomStep, zoom_)));
 }
 
 /// What is read stays where it is on the screen when the lines break elsewhere.

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QFontInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -77,6 +78,17 @@ TEST_F(FrmHelpTest, OpensTheFolderOrSaysThatItCannot)
     }
     Click("Command2"); // no desktop is there to open it
     EXPECT_EQ(Notice(), u"The folder could not be opened. Its path stands above.");
+}
+
+TEST_F(FrmHelpTest, TheNameIsLargeOnADesktopThatGivesItsSizesInPixels)
+{
+    const QFont before = QApplication::font();
+    QFont inPixels = before;
+    inPixels.setPixelSize(20);
+    QApplication::setFont(inPixels);
+    const FrmHelp other(state, texts, nullptr);
+    EXPECT_GT(QFontInfo(other.findChild<QLabel*>(u"Label1"_qs)->font()).pixelSize(), 30);
+    QApplication::setFont(before);
 }
 
 TEST_F(FrmHelpTest, EnterAndEscapeClose)
