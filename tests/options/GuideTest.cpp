@@ -1,8 +1,11 @@
 #include "options/Guide.h"
 
+#include "app/QtText.h"
 #include "options/FrmGuide.h"
 #include "options/GuideText.h"
 #include "options/GuideView.h"
+#include "resources/OwnTexts.h"
+#include "resources/SystemTexts.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
@@ -101,6 +104,24 @@ TEST_F(GuideTest, ChaptersPicturesAndLinksAreThereInEveryLanguage)
             EXPECT_TRUE(link.captured(1).isEmpty() || !QImage(u":/guide/"_qs + to).isNull());
             EXPECT_TRUE(!to.startsWith(u'#') || anchors.contains(to.mid(1)));
         }
+    }
+}
+
+TEST_F(GuideTest, EveryDialogHasAChapterOfItsNameInEveryLanguage)
+{
+    for (const std::int16_t offset : {std::int16_t{10000}, std::int16_t{0}}) {
+        place.LanguageOffset = offset;
+        guide.Open();
+        QStringList chapters;
+        for (const GuideChapter& chapter : View().Chapters())
+            chapters += chapter.title;
+        std::vector<std::string> titles = {FilledIn(texts[kAboutTitleText], texts[kProgramNameText])};
+        for (const int id : {int{kPortSettingText}, int{kInstrumentSettingText}, int{kFolderSetupText},
+                             int{kLanguageSelectText}, int{kMeasureSettingText}, int{kGraphSettingText},
+                             int{kOptionTitleText}, int{kSaveAsText}, int{kOpenTitleText}})
+            titles.push_back(texts[id]);
+        for (const std::string& title : titles)
+            EXPECT_TRUE(chapters.contains(Shown(title), Qt::CaseInsensitive)) << title;
     }
 }
 
