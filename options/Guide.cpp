@@ -1,5 +1,6 @@
 #include "options/Guide.h"
 
+#include "app/ScopedFlag.h"
 #include "options/FrmGuide.h"
 
 #include <QApplication>
@@ -36,13 +37,24 @@ void Guide::Open(const QString& chapter)
     if (!window_)
         window_ = std::make_unique<FrmGuide>(texts_);
     window_->Load();
-    StandBeforeFrontDialog();
     window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
-    window_->show();
+    if (!window_->isVisible())
+        ShowOwnedByNoWindow();
+    StandBeforeFrontDialog();
     if (!chapter.isEmpty())
         window_->GoTo(chapter);
     window_->raise();
     window_->activateWindow();
+}
+
+/// Windows makes the window that it stands before while it is shown its owner, whatever it stands before
+/// later, and an owner takes its windows along when it is destroyed.
+void Guide::ShowOwnedByNoWindow()
+{
+    const ScopedFlag showing(showing_);
+    static_cast<void>(window_->winId()); // makes its handle
+    window_->windowHandle()->setTransientParent(nullptr);
+    window_->show();
 }
 
 /// A modal dialog blocks every window but those that stand before it. The guide is nobody's child: the dialog
@@ -51,7 +63,6 @@ void Guide::StandBeforeFrontDialog()
 {
     QWidget* const modal = QApplication::activeModalWidget();
     const QWidget& below = modal == nullptr ? mainWindow_ : *modal;
-    static_cast<void>(window_->winId()); // makes its handle
     window_->windowHandle()->setTransientParent(below.window()->windowHandle());
 }
 
@@ -69,7 +80,7 @@ bool Guide::eventFilter(QObject* object, QEvent* event)
         return true;
     }
     case QEvent::WindowBlocked: // by a dialog that came up while the guide is open
-        if (window_ && object == window_.get())
+        if (window_ && object == window_.get() && !showing_)
             StandBeforeFrontDialog();
         break;
     case QEvent::Hide:

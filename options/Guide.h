@@ -35,11 +35,13 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
+    void ShowOwnedByNoWindow();
     void StandBeforeFrontDialog();
 
     const Texts& texts_;
     QWidget& mainWindow_;
     std::unique_ptr<FrmGuide> window_; ///< from the first opening on
+    bool showing_ = false;
 };
 
 } // namespace quorvane

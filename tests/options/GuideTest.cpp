@@ -28,6 +28,22 @@
 namespace quorvane {
 namespace {
 
+/// What the guide stands before at the moment at which the window system is to show it.
+struct OwnerWhenShown final : QObject {
+    explicit OwnerWhenShown(QWindow& shown) : window(shown) { shown.installEventFilter(this); }
+    bool eventFilter(QObject* object, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show) {
+            ++shows;
+            owner = window.transientParent();
+        }
+        return QObject::eventFilter(object, event);
+    }
+    QWindow& window;
+    const QWindow* owner = nullptr;
+    int shows = 0;
+};
+
 struct GuideTest : testing::Test {
     GuideTest()
     {
@@ -156,6 +172,19 @@ TEST_F(GuideTest, TheKeyOpensTheChapterOfAModalDialogAndBothCanBeUsed)
     ExpectUsable();
     main.close();
     EXPECT_FALSE(Window()->isVisible());
+}
+
+TEST_F(GuideTest, ADialogNeverOwnsItsWindow)
+{
+    guide.Open();
+    Window()->close();
+    QDialog dialog(&main);
+    ShowModal(dialog);
+    OwnerWhenShown seen(*Window()->windowHandle());
+    Press(dialog, Qt::Key_F1);
+    EXPECT_EQ(seen.shows, 1);
+    EXPECT_EQ(seen.owner, nullptr);
+    ExpectUsable();
 }
 
 TEST_F(GuideTest, CanBeUsedBesideADialogThatIsNotModalAndWhileTheMainWindowIsDisabled)
