@@ -107,6 +107,7 @@ QVariant GuideView::loadResource(int type, const QUrl& name)
 void GuideView::Prepare()
 {
     loaded_ = false;
+    const QSignalBlocker unmodified(document()); // or the next jump would load it again
     QTextCursor all(document());
     all.beginEditBlock(); // laid out once, not for each change
     NameHeadings();

@@ -204,6 +204,9 @@ TEST_F(GuideTest, TheMainWindowsKeyBringsItBackAsItWasLeft)
     guide.Open();
     View().GoTo(View().Chapters().at(2).title);
     Window()->resize(700, 500);
+    const QTextCursor kept = View().document()->find(View().Chapters().at(4).title);
+    const int before = kept.position();
+    View().Zoom(1);
     Window()->close();
     Press(main, Qt::Key_F1);
     EXPECT_TRUE(Window()->isActiveWindow());
@@ -211,6 +214,7 @@ TEST_F(GuideTest, TheMainWindowsKeyBringsItBackAsItWasLeft)
     EXPECT_EQ(Chapter(), View().Chapters().at(2).title);
     Press(*Window(), Qt::Key_Left, Qt::AltModifier);
     EXPECT_EQ(View().verticalScrollBar()->value(), 0);
+    EXPECT_EQ(kept.position(), before) << "it was loaded only once";
 }
 
 TEST_F(GuideTest, FindGoesRoundInBothDirectionsAndSaysWhenThereIsNothing)
