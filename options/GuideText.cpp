@@ -43,9 +43,4 @@ QString HeadingAnchor(const QString& heading)
     return anchor;
 }
 
-bool IsSameHeading(const QString& heading, const QString& wanted)
-{
-    return heading.trimmed().compare(wanted.trimmed(), Qt::CaseInsensitive) == 0;
-}
-
 } // namespace quorvane

@@ -13,7 +13,4 @@ namespace quorvane {
 /// "-", without punctuation.
 [[nodiscard]] QString HeadingAnchor(const QString& heading);
 
-/// Whether a heading is the one that is looked for, whatever its case and the blanks around it.
-[[nodiscard]] bool IsSameHeading(const QString& heading, const QString& wanted);
-
 } // namespace quorvane

@@ -36,11 +36,6 @@ QUrl GuideFile(TableLanguage language)
     return QUrl(u"qrc:/guide/operator-guide.md"_qs);
 }
 
-bool IsOutside(const QUrl& link)
-{
-    return !link.isRelative() && link.scheme() != u"qrc"_qs;
-}
-
 /// Runs of letters with one format, as cursors: they stay where they are while formats change.
 QList<QTextCursor> RunsOf(const QTextBlock& block)
 {
@@ -73,19 +68,17 @@ GuideView::GuideView(QWidget* parent) : QTextBrowser(parent), pictures_(new Guid
     connect(this, &QTextBrowser::sourceChanged, this, [this](const QUrl& url) {
         if (loaded_)
             Prepare();
-        if (!url.hasFragment())
-            return;
-        scrollToAnchor(url.fragment()); // in a file that was loaded for it, it was not there before
-        verticalScrollBar()->setValue(verticalScrollBar()->value() - kRoomAboveHeading);
+        if (url.hasFragment())
+            verticalScrollBar()->setValue(verticalScrollBar()->value() - kRoomAboveHeading);
     });
 }
 
 void GuideView::ShowGuide(TableLanguage language)
 {
     const QUrl file = GuideFile(language);
-    if (file == guide_)
+    if (file == file_)
         return;
-    guide_ = file;
+    file_ = file;
     setSource(file);
     clearHistory();
 }
@@ -98,7 +91,6 @@ QVariant GuideView::loadResource(int type, const QUrl& name)
     if (!file.open(QIODevice::ReadOnly))
         return {};
     loaded_ = true;
-    file_ = name.adjusted(QUrl::RemoveFragment);
     return WithoutBreaksInSentences(QString::fromUtf8(file.readAll()));
 }
 
@@ -161,8 +153,7 @@ void GuideView::SetDistances()
     }
 }
 
-/// The import takes the colours of its time; the desktop may change them. A link that leads nowhere becomes
-/// plain text.
+/// The import takes the colours of its time; the desktop may change them.
 void GuideView::SetColours()
 {
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
@@ -170,15 +161,7 @@ void GuideView::SetColours()
             QTextCharFormat letters = run.charFormat();
             if (letters.anchorHref().isEmpty())
                 continue;
-            const QUrl link = file_.resolved(QUrl(letters.anchorHref()));
-            if (IsOutside(link) || QFile::exists(u':' + link.path())) {
-                letters.setForeground(palette().link());
-            } else {
-                letters.setAnchor(false);
-                letters.clearProperty(QTextFormat::AnchorHref);
-                letters.clearForeground();
-                letters.setFontUnderline(false);
-            }
+            letters.setForeground(palette().link());
             run.setCharFormat(letters);
         }
     for (QTextFrame* const frame : document()->rootFrame()->childFrames())
@@ -261,12 +244,10 @@ void GuideView::wheelEvent(QWheelEvent* event)
 
 void GuideView::GoTo(const QString& title)
 {
-    if (file_ != guide_) // a link has led elsewhere
-        setSource(guide_);
     for (const GuideChapter& chapter : chapters_)
-        if (IsSameHeading(chapter.title, title))
+        if (chapter.title.compare(title.trimmed(), Qt::CaseInsensitive) == 0)
             return setSource(chapter.place);
-    setSource(guide_);
+    setSource(file_);
 }
 
 bool GuideView::Find(const QString& text, QTextDocument::FindFlags direction)

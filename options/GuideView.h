@@ -18,8 +18,8 @@ struct GuideChapter {
 };
 
 /// The pages of the operator's guide: the built-in Markdown files with their pictures, in the program's fonts
-/// and the desktop's colours, in lines that are not too long to read. Links inside lead on, with a way back;
-/// links to the web are opened outside; those to files that are not built in are plain text.
+/// and the desktop's colours, in lines that are not too long to read. Links lead to other chapters, with a
+/// way back.
 class GuideView final : public QTextBrowser {
 public:
     explicit GuideView(QWidget* parent = nullptr);
@@ -27,7 +27,7 @@ public:
     /// Shows the guide in `language`, or in English when it does not exist in that, from its beginning. The
     /// one that is shown already stays as it is.
     void ShowGuide(TableLanguage language);
-    /// The file that is shown: a link may lead from the guide to another one.
+    /// The file that is shown.
     [[nodiscard]] QUrl File() const { return file_; }
     /// The chapters of what is shown, in its order.
     [[nodiscard]] const QList<GuideChapter>& Chapters() const { return chapters_; }
@@ -59,8 +59,7 @@ private:
 
     GuidePictures* pictures_;
     QList<GuideChapter> chapters_;
-    QUrl guide_; ///< in the program's language
-    QUrl file_;  ///< that is shown
+    QUrl file_;
     QFont font_;
     int zoom_ = 0;
     int turned_ = 0;      ///< of the wheel, beyond whole steps
