@@ -62,25 +62,5 @@ TEST(LanguageFile, AFileThatCannotBeReadIsNoFault)
     EXPECT_EQ(mode, 1);
 }
 
-TEST(LanguageFile, IsWrittenAsOneLineThatReadsBack)
-{
-    MemoryFileStore store;
-    const std::string path = FileInFolder("app", "Language.dat");
-    const std::pair<std::int16_t, std::string_view> rows[] = {
-        {1, "Language = 1\r\n"}, {0, "Language = 0\r\n"}, {-1, "Language =-1\r\n"}};
-    for (const auto& [mode, bytes] : rows) {
-        EXPECT_FALSE(SaveLanguageMode(store, "app", mode));
-        EXPECT_EQ(store.files[path], bytes);
-        std::int16_t read = 9;
-        LoadLanguageMode(store, "app", read);
-        EXPECT_EQ(read, mode);
-    }
-    store.replaceFault = FileFault{FileFaultKind::NoSpace, "full"};
-    const std::optional<FileFault> fault = SaveLanguageMode(store, "app", 1);
-    ASSERT_TRUE(fault);
-    EXPECT_EQ(fault->kind, FileFaultKind::NoSpace);
-    EXPECT_EQ(store.files[path], "Language =-1\r\n");
-}
-
 } // namespace
 } // namespace quorvane
