@@ -199,13 +199,6 @@ TEST_F(FrmDriveListTest, ANewFolderIsNamedInItsPlace)
     EXPECT_TRUE(std::filesystem::is_directory(Path("one/beta/May 2024/New folder/New folder")));
 }
 
-TEST_F(FrmDriveListTest, MayEndWhileTheTreeLoads)
-{
-    state.DefaultFolder = "/usr/share";
-    for (int round = 0; round < 20; ++round)
-        Open();
-}
-
 TEST(QtDriveFolders, ListsTheComputersDrivesOnce)
 {
     const QtDriveFolders drives;
