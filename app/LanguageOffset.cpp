@@ -34,9 +34,9 @@ std::int16_t LanguageOffsetFor(std::int16_t mode, std::string_view systemLanguag
 {
     const Row& row = RowOf(systemLanguageName);
     switch (mode) {
-    case 0:
+    case kOwnLanguageMode:
         return row.ownLanguage;
-    case 1:
+    case kEnglishMode:
         return row.english;
     default:
         return current; // meant: a mode from a file of the future changes nothing

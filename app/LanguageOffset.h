@@ -7,10 +7,14 @@
 
 namespace quorvane {
 
+/// What `LanguageMode` says: the system's own language, or English.
+inline constexpr std::int16_t kOwnLanguageMode = 0;
+inline constexpr std::int16_t kEnglishMode = 1;
+
 /// The number that is added to every text number: 0 for the table in the system's language, 10000 for the
 /// English one. Names are compared exactly.
 ///
-/// @param mode                0 the system's own language, 1 English
+/// @param mode                as `LanguageMode`
 /// @param systemLanguageName  English name of the system's language
 /// @param current             the result for every other mode
 [[nodiscard]] std::int16_t LanguageOffsetFor(std::int16_t mode, std::string_view systemLanguageName,

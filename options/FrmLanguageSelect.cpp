@@ -17,8 +17,6 @@
 namespace quorvane {
 namespace {
 
-constexpr std::int16_t kSystemLanguage = 0;
-constexpr std::int16_t kEnglish = 1;
 constexpr int kWidthDigits = 32; ///< at least, or the window's title is cut off
 
 } // namespace
@@ -33,8 +31,8 @@ FrmLanguageSelect::FrmLanguageSelect(ApplicationState& state, Parts parts, QWidg
     setWindowIcon(ProgramIcon());
     SetFonts();
     SetCaptions();
-    ui_->Option1->setChecked(state_.LanguageMode == kEnglish);
-    ui_->Option2->setChecked(state_.LanguageMode == kSystemLanguage);
+    ui_->Option1->setChecked(state_.LanguageMode == kEnglishMode);
+    ui_->Option2->setChecked(state_.LanguageMode == kOwnLanguageMode);
     (ui_->Option2->isChecked() ? ui_->Option2 : ui_->Option1)->setFocus();
     ConnectControls();
 }
@@ -62,8 +60,8 @@ void FrmLanguageSelect::SetFonts()
 
 void FrmLanguageSelect::ConnectControls()
 {
-    connect(ui_->Option1, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kEnglish; });
-    connect(ui_->Option2, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kSystemLanguage; });
+    connect(ui_->Option1, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kEnglishMode; });
+    connect(ui_->Option2, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kOwnLanguageMode; });
     connect(ui_->Command1, &QPushButton::clicked, this, [this] { accept(); });
     // The first letters of their English names, whatever language the captions are in.
     const std::pair<Qt::Key, QRadioButton*> letters[] = {{Qt::Key_E, ui_->Option1},

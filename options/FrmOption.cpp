@@ -1,5 +1,6 @@
 #include "options/FrmOption.h"
 
+#include "app/LanguageOffset.h"
 #include "app/ModalDialog.h"
 #include "app/ProgramFont.h"
 #include "app/ProgramIcon.h"
@@ -16,8 +17,6 @@ namespace quorvane {
 namespace {
 
 constexpr int kPathDigits = 44; ///< width of the box; a longer path is there all the same, and scrolls
-constexpr std::int16_t kSystemLanguage = 0;
-constexpr std::int16_t kEnglish = 1;
 constexpr std::int16_t kChoosesDataFolder = 1;
 
 } // namespace
@@ -69,8 +68,8 @@ void FrmOption::ShowState()
 {
     ui_->Text1->setText(Shown(state_.DefaultFolder));
     (state_.RunMode ? ui_->Option1 : ui_->Option2)->setChecked(true);
-    ui_->Option3->setChecked(state_.LanguageMode == kSystemLanguage);
-    ui_->Option4->setChecked(state_.LanguageMode == kEnglish);
+    ui_->Option3->setChecked(state_.LanguageMode == kOwnLanguageMode);
+    ui_->Option4->setChecked(state_.LanguageMode == kEnglishMode);
 }
 
 void FrmOption::ConnectControls()
@@ -79,8 +78,8 @@ void FrmOption::ConnectControls()
             [this](const QString& text) { state_.DefaultFolder = Typed(text); });
     connect(ui_->Option1, &QRadioButton::clicked, this, [this] { state_.RunMode = true; });
     connect(ui_->Option2, &QRadioButton::clicked, this, [this] { state_.RunMode = false; });
-    connect(ui_->Option3, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kSystemLanguage; });
-    connect(ui_->Option4, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kEnglish; });
+    connect(ui_->Option3, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kOwnLanguageMode; });
+    connect(ui_->Option4, &QRadioButton::clicked, this, [this] { state_.LanguageMode = kEnglishMode; });
     connect(ui_->Command1, &QPushButton::clicked, this, [this] { accept(); });
     connect(ui_->Command2, &QPushButton::clicked, this, [this] { reject(); });
     connect(ui_->Command3, &QPushButton::clicked, this, [this] { Command3Click(); });
