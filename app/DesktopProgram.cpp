@@ -2,11 +2,13 @@
 
 #include "app/ExitStatus.h"
 #include "app/LanguageOffset.h"
+#include "app/ModalDialog.h"
 #include "app/ProgramVersion.h"
 #include "app/QtText.h"
 #include "app/Startup.h"
 #include "app/ToolkitLanguage.h"
 #include "measure/SimulatedReading.h"
+#include "options/FrmLanguageSelect.h"
 #include "platform/InterruptWatch.h"
 
 #include <QApplication>
@@ -42,13 +44,14 @@ DesktopProgram::DesktopProgram(Platform platform)
     UseProgramLanguage();
 }
 
-bool DesktopProgram::Start()
+bool DesktopProgram::Start(bool selectLanguage)
 {
     const auto findFiles = [this] {
         files_ = FindProgramFiles({EnvironmentText("QUORVANE_HOME"), ProgramFolder(), UserDataFolder()},
                                   *platform_.folders, *platform_.files);
         return files_;
     };
+    const std::function<void()> choose = [this] { SelectLanguage(); };
     const StartupResult result = Main(state_, {.instanceLock = *platform_.instanceLock,
                                                .systemInfo = *platform_.systemInfo,
                                                .locale = *platform_.locale,
@@ -57,6 +60,7 @@ bool DesktopProgram::Start()
                                                .prompts = prompts_,
                                                .texts = texts_,
                                                .findFiles = findFiles,
+                                               .selectLanguage = selectLanguage ? choose : nullptr,
                                                .showMainWindow = [this] { ShowMainWindow(); }});
     return result == StartupResult::Running;
 }
@@ -79,31 +83,46 @@ int DesktopProgram::Run()
     return QApplication::exec();
 }
 
+void DesktopProgram::SelectLanguage()
+{
+    const QPointer<QDialog> dialog = new FrmLanguageSelect(
+        state_, {.files = *platform_.files, .texts = texts_, .tell = [this](const Message& message) {
+                     prompts_.Show(message);
+                 }});
+    if (RunModally(dialog))
+        delete dialog;
+}
+
 void DesktopProgram::ShowMainWindow()
 {
-    window_ = std::make_unique<FrmMenu>(state_, FrmMenu::Parts{.run = {.link = link_,
-                                                                       .control = *platform_.serial,
-                                                                       .pump = pump_,
-                                                                       .timer1 = timer1_,
-                                                                       .timer2 = timer2_,
-                                                                       .timer3 = timer3_,
-                                                                       .clock = *platform_.clock,
-                                                                       .prompts = prompts_,
-                                                                       .log = log_,
-                                                                       .texts = texts_,
-                                                                       .random = MakeRandomSource()},
-                                                               .timer4 = timer4_,
-                                                               .statusTimer = statusTimer_,
-                                                               .port = port_,
-                                                               .locale = *platform_.locale,
-                                                               .saveCommand = save_,
-                                                               .openCommand = open_,
-                                                               .programFile = programFile_,
-                                                               .clockTimer = clockTimer_,
-                                                               .files = *platform_.files,
-                                                               .settings = settings_,
-                                                               .arrays = arrays_,
-                                                               .closed = [this] { End(); }});
+    window_ =
+        std::make_unique<FrmMenu>(state_, FrmMenu::Parts{.run = {.link = link_,
+                                                                 .control = *platform_.serial,
+                                                                 .pump = pump_,
+                                                                 .timer1 = timer1_,
+                                                                 .timer2 = timer2_,
+                                                                 .timer3 = timer3_,
+                                                                 .clock = *platform_.clock,
+                                                                 .prompts = prompts_,
+                                                                 .log = log_,
+                                                                 .texts = texts_,
+                                                                 .random = MakeRandomSource()},
+                                                         .timer4 = timer4_,
+                                                         .statusTimer = statusTimer_,
+                                                         .port = port_,
+                                                         .portNames = *platform_.portNames,
+                                                         .portProbe = *platform_.portProbe,
+                                                         .portDescriptions = *platform_.portDescriptions,
+                                                         .drives = drives_,
+                                                         .locale = *platform_.locale,
+                                                         .saveCommand = save_,
+                                                         .openCommand = open_,
+                                                         .programFile = programFile_,
+                                                         .clockTimer = clockTimer_,
+                                                         .files = *platform_.files,
+                                                         .settings = settings_,
+                                                         .arrays = arrays_,
+                                                         .closed = [this] { End(); }});
     prompts_.SetParent(window_.get());
     window_->Load();
     UseProgramLanguage(); // the language choice is known by now

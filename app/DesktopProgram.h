@@ -17,6 +17,7 @@
 #include "resources/StringTable.h"
 #include "serial/PortLink.h"
 #include "serial/SerialLog.h"
+#include "stored/QtDriveFolders.h"
 
 #include <memory>
 
@@ -28,8 +29,9 @@ class DesktopProgram {
 public:
     explicit DesktopProgram(Platform platform);
 
-    /// Start-up. @return false when another instance runs; the operator has been told
-    [[nodiscard]] bool Start();
+    /// Start-up. @param selectLanguage  the operator chooses the language before the main window opens
+    /// @return false when another instance runs; the operator has been told
+    [[nodiscard]] bool Start(bool selectLanguage = false);
     /// After a successful start: serves the operator until the main window is closed. @return the exit status
     int Run();
 
@@ -37,6 +39,7 @@ public:
     [[nodiscard]] FrmMenu& Window() { return *window_; }
 
 private:
+    void SelectLanguage();
     void ShowMainWindow();
     void End();
     void UseProgramLanguage();
@@ -62,6 +65,7 @@ private:
     OpenCommand open_;
     ProgramFileCommand programFile_;
     PortWatch port_;
+    QtDriveFolders drives_;
     ProgramFiles files_;
     std::unique_ptr<FrmMenu> window_;
 };

@@ -52,6 +52,7 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
       output_(*ui_->TChart1, state, parts_.arrays, parts_.run.texts, parts_.locale, parts_.run.clock,
               parts_.run.prompts, this),
       keeper_(*this, parts_.timer4),
+      guide_(parts_.run.texts, *this),
       run_(
           state, parts_.arrays, parts_.run, [this] { Save(); }, *this)
 {
@@ -92,7 +93,6 @@ void FrmMenu::Load()
                     WindowLayout::Controls{*this, *ui_->Splitter, *ui_->vaSpread1->horizontalHeader()});
     chart_.SelectSpan(layout_->Restore());
     chart_.PrepareRun();
-    ShowMode();
     UpdateCommands();
     UpdateStatus();
     ui_->Command1->setFocus();
@@ -133,6 +133,7 @@ void FrmMenu::SetShortcuts()
     ui_->MenuMeasureStart->setShortcut(QKeySequence(Qt::Key_F5));
     ui_->MenuMeasureEnd->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F5));
     ui_->MenuAlarmReset->setShortcut(QKeySequence(Qt::Key_F8));
+    ui_->MenuGuide->setShortcut(QKeySequence::HelpContents);
 }
 
 /// The caption routine: at the start, and after the graph settings, which change what the chart says.
@@ -162,7 +163,7 @@ void FrmMenu::ShowTitle()
 
 void FrmMenu::ShowMode()
 {
-    ui_->SimulatedNotice->setVisible(!state_.RunMode);
+    ui_->SimulatedNotice->setVisible(ShowsSimulated(state_, parts_.arrays));
 }
 
 /// One place for what can be used, after whatever may have changed it.
@@ -184,7 +185,8 @@ void FrmMenu::UpdateCommands()
     for (QAction* action :
          {ui_->MenuPrint, ui_->ToolPrint, ui_->MenuPreview, ui_->MenuSaveImage, ui_->MenuCopyChart})
         action->setEnabled(enabled.picture);
-    for (QAction* action : {ui_->MenuQuorvaneSetting, ui_->MenuMeasureSetting, ui_->MenuGraphSetting})
+    for (QAction* action : {ui_->MenuQuorvaneSetting, ui_->MenuMeasureSetting, ui_->MenuGraphSetting,
+                            ui_->MenuRS232C, ui_->MenuOption})
         action->setEnabled(enabled.settings);
     chart_.SetEnabled(enabled.command3, enabled.command4);
     limits_.SetEnabled(enabled.limitInputs);
@@ -196,6 +198,9 @@ void FrmMenu::UpdateCommands()
 void FrmMenu::UpdateStatus()
 {
     const bool portThere = parts_.port.Update(state_);
+    if (parts_.port.TakeChange() && portSetting_)
+        portSetting_->DevicesChanged();
+    ShowMode();
     RunStatusText text = StatusText(state_, run_.State(), run_.Status(), parts_.run.texts, portThere);
     if (!openedName_.isEmpty())
         text.sample = FilledIn(parts_.run.texts[kReadingsText], std::to_string(state_.SampleCount));

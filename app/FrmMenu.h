@@ -15,6 +15,9 @@
 #include "measure/LiveTableModel.h"
 #include "measure/MeasurementRun.h"
 #include "measure/ReadingPanel.h"
+#include "options/Guide.h"
+#include "serial/FrmRS232CSetting.h"
+#include "stored/DriveFolders.h"
 
 #include <QDialog>
 #include <QMainWindow>
@@ -38,12 +41,16 @@ public:
         TickTimer& timer4;      ///< keeps windows in front
         TickTimer& statusTimer; ///< brings the status bar up to date
         PortWatch& port;
+        const PortNames& portNames;
+        const PortProbe& portProbe;
+        const PortDescriptions& portDescriptions;
+        const DriveFolders& drives;
         const LocaleItems& locale;
         SaveCommand& saveCommand;
         OpenCommand& openCommand;
         ProgramFileCommand& programFile;
         TickTimer& clockTimer; ///< of the instrument settings
-        FileStore& files;      ///< for what the window remembers of its looks
+        FileStore& files;      ///< for the language choice, and for what the window remembers of its looks
         SettingsFile& settings;
         MeasurementArrays& arrays;
         std::function<void()> closed; ///< the window has closed, and the program is to end
@@ -86,6 +93,8 @@ private:
     SaveResult Save();
     void MenuMeasureSetting();
     void MenuGraphSetting();
+    void MenuRS232C();
+    void MenuOption();
     void MenuQuorvaneSetting();
     void InstrumentSettingClosed();
     void MenuVersion();
@@ -114,8 +123,10 @@ private:
     ChartPane chart_;
     ChartOutput output_;
     WindowKeeper keeper_;
+    Guide guide_;
     std::optional<WindowLayout> layout_; ///< once the settings are read
     MeasurementRun run_;
+    QPointer<FrmRS232CSetting> portSetting_;                ///< while it is open
     std::unique_ptr<FrmQuorvaneSetting> instrumentSetting_; ///< the one that was opened last
     std::shared_ptr<Command> instrumentCommand_;            ///< while it is open; nobody else has it
     QPointer<QWidget> focusBefore_;                         ///< it took the focus from all that is disabled

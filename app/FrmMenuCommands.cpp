@@ -5,6 +5,7 @@
 #include "graph/FrmGraphSetting.h"
 #include "measure/FrmMeasureSetting.h"
 #include "options/FrmHelp.h"
+#include "options/FrmOption.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 
@@ -61,6 +62,8 @@ void FrmMenu::Connect()
         {ui_->MenuQuorvaneSetting, &FrmMenu::MenuQuorvaneSetting},
         {ui_->MenuMeasureSetting, &FrmMenu::MenuMeasureSetting},
         {ui_->MenuGraphSetting, &FrmMenu::MenuGraphSetting},
+        {ui_->MenuRS232C, &FrmMenu::MenuRS232C},
+        {ui_->MenuOption, &FrmMenu::MenuOption},
         {ui_->MenuVersion, &FrmMenu::MenuVersion},
     };
     for (const auto& [action, command] : commands)
@@ -73,6 +76,7 @@ void FrmMenu::Connect()
     };
     for (const auto& [action, picture] : pictures)
         connect(action, &QAction::triggered, this, [this, made = picture] { (output_.*made)(); });
+    connect(ui_->MenuGuide, &QAction::triggered, this, [this] { guide_.Open(); });
     connect(ui_->MenuAlarmReset, &QAction::triggered, this, [this] { run_.ResetAlarms(); });
     connect(ui_->Command1, &QPushButton::clicked, this, &FrmMenu::Command1Click);
     connect(ui_->Command2, &QPushButton::clicked, this, [this] { run_.ResetAlarms(); });
@@ -234,6 +238,38 @@ void FrmMenu::MenuGraphSetting()
     chart_.FlagsEdited(before);
 }
 
+void FrmMenu::MenuRS232C()
+{
+    if (Busy())
+        return;
+    const Command command(*this);
+    portSetting_ = new FrmRS232CSetting(state_,
+                                        {.names = parts_.portNames,
+                                         .probe = parts_.portProbe,
+                                         .descriptions = parts_.portDescriptions,
+                                         .texts = parts_.run.texts,
+                                         .tell = [this](const Message& message) { Ask(message); },
+                                         .secondChannelPort = {}}, // this program has one channel
+                                        this);
+    ShowDialog(portSetting_);
+}
+
+void FrmMenu::MenuOption()
+{
+    if (Busy())
+        return;
+    const Command command(*this);
+    ShowDialog(new FrmOption(state_,
+                             {.files = parts_.files,
+                              .settings = parts_.settings,
+                              .drives = parts_.drives,
+                              .texts = parts_.run.texts,
+                              .tell = [this](const Message& message) { Ask(message); }},
+                             this));
+    if (state_.SampleCount == 0)
+        chart_.PrepareRun(); // it says what the next readings will be
+}
+
 /// It is not modal, because it waits for the instrument in handlers of its own; the window cannot be used
 /// all the same, and takes no command until it has closed. The one before closed long ago and is replaced.
 void FrmMenu::MenuQuorvaneSetting()
@@ -256,6 +292,8 @@ void FrmMenu::MenuQuorvaneSetting()
                                   .closed = [this] { InstrumentSettingClosed(); }},
         this);
     keeper_.Watch(*instrumentSetting_);
+    if (auto* const about = findChild<QDialog*>(u"FrmHelp"_qs))
+        about->close(); // it would be disabled with the window, and stand there dead
     focusBefore_ = focusWidget();
     setEnabled(false);
     instrumentSetting_->setEnabled(true); // a window of its own, but below one that is disabled

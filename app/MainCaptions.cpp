@@ -31,6 +31,9 @@ void SetMenus(Ui::FrmMenu& ui, const Texts& texts)
         {ui.MenuQuorvaneSetting, kInstrumentSettingCommandText},
         {ui.MenuMeasureSetting, kMeasureSettingCommandText},
         {ui.MenuGraphSetting, kGraphSettingCommandText},
+        {ui.MenuRS232C, kPortSettingCommandText},
+        {ui.MenuOption, kOptionCommandText},
+        {ui.MenuGuide, kGuideCommandText},
         {ui.MenuVersion, kVersionCommandText},
     };
     for (const auto& [command, id] : commands)

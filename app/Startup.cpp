@@ -36,6 +36,8 @@ StartupResult Main(ApplicationState& state, const StartupParts& parts)
     state.SystemLanguageName = parts.locale.SystemLanguageName();
     AnalyseLocale(state, parts.locale, parts.clock.Now());
     LoadLanguageMode(parts.files, state.AppPath, state.LanguageMode);
+    if (parts.selectLanguage)
+        parts.selectLanguage();
     parts.showMainWindow();
     return StartupResult::Running;
 }

@@ -23,6 +23,7 @@ struct StartupParts {
     Prompts& prompts;
     const Texts& texts;
     std::function<ProgramFiles()> findFiles; ///< may make the folder; asked once
+    std::function<void()> selectLanguage;    ///< lets the operator choose it; empty when that is not wanted
     std::function<void()> showMainWindow;    ///< loads the settings and sets the language offset
 };
 
@@ -33,7 +34,7 @@ enum class StartupResult {
 
 /// Starts the program: refuses a second instance, before anything is read or written; fills the state with
 /// the place of the files, the facts about the machine, the system's language and date format and the
-/// language choice; shows the main window.
+/// language choice; lets it be chosen anew where that is wanted; shows the main window.
 [[nodiscard]] StartupResult Main(ApplicationState& state, const StartupParts& parts);
 
 } // namespace quorvane

@@ -15,12 +15,14 @@ using namespace quorvane;
 
 std::string Usage()
 {
-    return R"(Usage: quorvane [--help | --version]
+    return R"(Usage: quorvane [--select-language | --help | --version]
 
 Measures dust concentrations with an instrument on a serial line. Settings (Quorvane.ini) and error log
 (RSErr.log) are in the program's folder, or in the user's data folder when that cannot be written, or in
 the folder that the environment variable QUORVANE_HOME names. QUORVANE_COM1 to QUORVANE_COM15 name the
 devices of COM1 to COM15 on Linux.
+
+  --select-language  asks for the language of all texts first, and keeps the answer (Language.dat)
 )";
 }
 
@@ -54,12 +56,14 @@ int RunProgram(int argc, char** argv)
     }
     Platform platform = MakePlatform();
     const Application application(argc, argv); // takes its own options away
-    if (Application::arguments().size() > 1) {
+    QStringList others = Application::arguments().mid(1);
+    others.removeAll(u"--select-language"_qs);
+    if (!others.isEmpty()) {
         Print(stderr, Usage());
         return kExitUsage;
     }
     DesktopProgram program(std::move(platform));
-    return program.Start() ? program.Run() : kExitFailed;
+    return program.Start(given("--select-language")) ? program.Run() : kExitFailed;
 }
 
 } // namespace

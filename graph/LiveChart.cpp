@@ -91,7 +91,7 @@ void LiveChart::Rebuild()
     control_.UndoZoom(); // it belongs to the values of the view that was there
     control_.ClearPoints();
     ShowFlags();
-    control_.SetSimulated(state_.SampleCount > 0 ? arrays_.Simulated : !state_.RunMode);
+    control_.SetSimulated(ShowsSimulated(state_, arrays_));
     ReplayReadings();
     control_.SetAutoRepaint(true);
     control_.Repaint();

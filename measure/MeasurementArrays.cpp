@@ -19,4 +19,9 @@ void MeasurementArrays::Create(std::int32_t totalSamples)
     FileDate.clear();
 }
 
+bool ShowsSimulated(const ApplicationState& state, const MeasurementArrays& arrays)
+{
+    return state.SampleCount > 0 ? arrays.Simulated : !state.RunMode;
+}
+
 } // namespace quorvane

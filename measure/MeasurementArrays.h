@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ApplicationState.h"
 #include "app/LocalClock.h"
 
 #include <cstdint>
@@ -30,5 +31,9 @@ struct MeasurementArrays {
     /// Makes all arrays anew for readings 1 to `totalSamples`, everything 0 or empty, as for a measured run.
     void Create(std::int32_t totalSamples);
 };
+
+/// Whether the readings that are shown are made up, whatever mode has been chosen since; before there are
+/// any, whether the next ones will be.
+[[nodiscard]] bool ShowsSimulated(const ApplicationState& state, const MeasurementArrays& arrays);
 
 } // namespace quorvane

@@ -90,6 +90,23 @@ TEST_F(DesktopProgramTest, ASecondOneSaysSoAndEnds)
     EXPECT_FALSE(second.Start());
 }
 
+TEST_F(DesktopProgramTest, AsksForTheLanguageFirstWhenItIsToldTo)
+{
+    const ScopedEnvironment japanese("LC_ALL", "ja_JP.UTF-8");
+    std::ofstream(folder.Path("Language.dat"), std::ios::binary) << "Language = 1\r\n";
+    Operator person({[](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("言語の選択"));
+        EXPECT_TRUE(dialog.findChild<QAbstractButton*>(QStringLiteral("Option1"))->isChecked());
+        dialog.findChild<QAbstractButton*>(QStringLiteral("Option2"))->click();
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    }});
+    DesktopProgram program(MakePlatform());
+    ASSERT_TRUE(program.Start(true));
+    EXPECT_EQ(FileBytes(folder.Path("Language.dat")), "Language = 0\r\n");
+    EXPECT_EQ(program.Window().findChild<QAbstractButton*>(QStringLiteral("Command1"))->text(),
+              QStringLiteral("測定開始"));
+}
+
 TEST_F(DesktopProgramTest, EndsLikeACloseWhenTheSystemAsksItTo)
 {
     DesktopProgram program(MakePlatform());

@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QHeaderView>
@@ -76,12 +77,14 @@ TEST_F(FrmMenuCommandsTest, WhileARunGoesOnOnlyItsPictureAndItsEndCanBeHad)
         if (checked || Rows() < 2)
             return;
         checked = true;
-        for (const char* action : {"MenuOpen", "ToolOpen", "MenuSave", "ToolSave", "MenuQuorvaneSetting",
-                                   "MenuMeasureSetting", "MenuGraphSetting", "MenuZoom", "MenuWholeRun"})
+        for (const char* action :
+             {"MenuOpen", "ToolOpen", "MenuSave", "ToolSave", "MenuQuorvaneSetting", "MenuMeasureSetting",
+              "MenuGraphSetting", "MenuRS232C", "MenuOption", "MenuZoom", "MenuWholeRun"})
             EXPECT_FALSE(Enabled(action)) << action;
         EXPECT_FALSE(Find<QPushButton>("Command3")->isEnabled());
         EXPECT_FALSE(Find<QPushButton>("Command4")->isEnabled());
-        EXPECT_TRUE(Enabled("MenuPrint") && Enabled("ToolPrint") && Enabled("MenuCopyChart"));
+        for (const char* action : {"MenuPrint", "ToolPrint", "MenuCopyChart", "MenuGuide", "MenuVersion"})
+            EXPECT_TRUE(Enabled(action)) << action;
     };
     EXPECT_FALSE(Enabled("MenuPrint")); // there is nothing to print yet
     Measure();
@@ -256,6 +259,58 @@ TEST_F(FrmMenuCommandsTest, MeasureSettingsPlanTheNextRun)
     state.TotalSamples = 50; // of the next run
     Pause();
     EXPECT_EQ(Label("StatusSample"), "Sample 2 of 2");
+}
+
+TEST_F(FrmMenuCommandsTest, ReadingsAreMarkedByTheModeTheyWereTakenIn)
+{
+    state.RunMode = false;
+    Open();
+    const auto* const notice = Find<QLabel>("SimulatedNotice");
+    const auto choose = [](const char* mode) {
+        return [mode](QDialog& dialog) {
+            dialog.findChild<QAbstractButton*>(QLatin1String(mode))->click();
+            QTest::keyClick(&dialog, Qt::Key_Return);
+        };
+    };
+    EXPECT_TRUE(notice->isVisible());
+    Measure();
+    Operator person({choose("Option1"), choose("Option2")});
+    Trigger("MenuOption");
+    EXPECT_TRUE(state.RunMode);
+    EXPECT_TRUE(notice->isVisible()) << "the readings are still the made-up ones";
+    EXPECT_EQ(Label("StatusMode"), "Instrument");
+    prompts.answers = {Answer::No};
+    Measure();
+    EXPECT_FALSE(notice->isVisible());
+    Trigger("MenuOption");
+    EXPECT_FALSE(notice->isVisible()) << "these were measured";
+}
+
+TEST_F(FrmMenuCommandsTest, PortsAreReadAgainWhenADeviceComes)
+{
+    Open();
+    Operator person({[this](QDialog& dialog) {
+        const auto* const list = dialog.findChild<QComboBox*>(QStringLiteral("Combo2"));
+        EXPECT_EQ(list->count(), 0);
+        ports.plugged = {{1, {}}, {5, {}}};
+        devices.changed = true;
+        Pause();
+        EXPECT_EQ(list->count(), 2);
+        dialog.reject();
+    }});
+    Trigger("MenuRS232C");
+    EXPECT_THAT(Messages(), ElementsAre("RS232C Port is not found."));
+}
+
+TEST_F(FrmMenuCommandsTest, LeavesNoAboutBoxThatIsDisabledWithTheWindow)
+{
+    Open();
+    Trigger("MenuVersion");
+    EXPECT_NE(Find<QDialog>("FrmHelp"), nullptr);
+    Trigger("MenuQuorvaneSetting");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(Find<QDialog>("FrmHelp"), nullptr);
+    Find<QDialog>("FrmQuorvaneSetting")->reject();
 }
 
 // ---- opening --------------------------------------------------------------------------------------------

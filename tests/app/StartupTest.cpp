@@ -23,7 +23,8 @@ struct StartupTest : testing::Test {
     {
         const auto findFiles = [] { return ProgramFiles{"app", FilesPlace::UserFolder}; };
         const auto showMainWindow = [this] { stateAtWindow = state; };
-        return Main(state, {lock, system, locale, clock, store, prompts, texts, findFiles, showMainWindow});
+        return Main(state,
+                    {lock, system, locale, clock, store, prompts, texts, findFiles, {}, showMainWindow});
     }
 
     ScriptedLock lock;

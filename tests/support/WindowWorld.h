@@ -3,8 +3,10 @@
 #include "app/FrmMenu.h"
 #include "files/FileProfile.h"
 #include "measure/LiveTable.h"
+#include "stored/QtDriveFolders.h"
 #include "tests/support/FakeDeviceWatch.h"
 #include "tests/support/InstrumentWorld.h"
+#include "tests/support/ScriptedPorts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -44,6 +46,10 @@ struct WindowWorld : InstrumentWorld {
                                                                  .timer4 = timer4,
                                                                  .statusTimer = statusTimer,
                                                                  .port = portWatch,
+                                                                 .portNames = names,
+                                                                 .portProbe = ports,
+                                                                 .portDescriptions = ports,
+                                                                 .drives = drives,
                                                                  .locale = locale,
                                                                  .saveCommand = save,
                                                                  .openCommand = open,
@@ -130,6 +136,8 @@ struct WindowWorld : InstrumentWorld {
     SaveCommand save{state, arrays, {files, codePage, locale, world, prompts, texts, {0, 1, 0}}};
     FakeDeviceWatch devices;
     PortWatch portWatch{devices, names};
+    ScriptedPorts ports;
+    QtDriveFolders drives;
     OpenCommand open{state, arrays, {files, codePage, locale, world, prompts, texts}};
     FileProfile profile{files, codePage};
     ProgramFileCommand programFile{state, {files, profile, prompts, texts, {0, 1, 0}}};
