@@ -8,7 +8,7 @@ namespace {
 /// The system tells of a device a moment before the links to it are made, and not every device lies where the
 /// system tells of it.
 constexpr int kCallsFromMemory = 7;
-constexpr int kCallsToSecondReading = 8;
+constexpr int kCallsToSecondReading = 8; ///< two seconds
 
 } // namespace
 

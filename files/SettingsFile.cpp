@@ -307,9 +307,10 @@ void SettingsFile::ApplyDefaultSettings()
     state_.SamplingSeconds = kUsualSamplingSeconds;
 }
 
-bool SettingsFile::CanHold(std::string_view text)
+bool SettingsFile::CanHold(std::string_view text) const
 {
-    return text.find_first_of(kRecordEnds) == std::string_view::npos;
+    return text.find_first_of(kRecordEnds) == std::string_view::npos &&
+           codePage_.ToUtf8(codePage_.FromUtf8(text)) == text;
 }
 
 std::string SettingsFile::Path() const

@@ -33,8 +33,9 @@ public:
     /// becomes 60.
     void ApplyDefaultSettings();
 
-    /// Whether a text comes back whole when it was written: a comma or a line's end cuts it off.
-    [[nodiscard]] static bool CanHold(std::string_view text);
+    /// Whether a text comes back whole when it was written: a comma or a line's end cuts it off, and a
+    /// character that the code page lacks is lost.
+    [[nodiscard]] bool CanHold(std::string_view text) const;
 
 private:
     [[nodiscard]] std::string Path() const;

@@ -46,7 +46,7 @@ std::vector<AboutRow> AboutRows(const ApplicationState& state, const Texts& text
         add(kL2CacheText, FilledIn(texts[kKilobytesText], WholeNumber(state.CpuL2CacheSize)));
     add(kSystemText, surroundings.system);
     add(kSystemClassText, std::to_string(state.OsKind));
-    add(kSystemLanguageText, state.SystemLanguageName);
+    add(kSystemLanguageNameText, state.SystemLanguageName);
     rows.push_back({texts[kProgramFilesText], state.AppPath});
     return rows;
 }

@@ -11,7 +11,6 @@
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStyle>
-#include <array>
 #include <functional>
 
 namespace quorvane {
@@ -21,20 +20,6 @@ constexpr QSize kUsualSize(1040, 760);
 constexpr int kTitleRoom = 12; ///< beside a title
 constexpr int kBarRoom = 24;   ///< for the scroll bar of the contents
 constexpr int kWidestContents = 340;
-
-struct Tool {
-    QToolButton* button;
-    int tip; ///< its text
-    QKeySequence key;
-};
-
-std::array<Tool, 4> ToolsOf(const Ui::FrmGuide& ui)
-{
-    return {{{ui.Back, kGuideBackText, Qt::ALT | Qt::Key_Left},
-             {ui.Forward, kGuideForwardText, Qt::ALT | Qt::Key_Right},
-             {ui.Smaller, kGuideSmallerTipText, Qt::CTRL | Qt::Key_Minus},
-             {ui.Larger, kGuideLargerTipText, Qt::CTRL | Qt::Key_Plus}}};
-}
 
 } // namespace
 
@@ -71,6 +56,11 @@ void FrmGuide::GoTo(const QString& chapter)
     ui_->View->GoTo(chapter);
 }
 
+bool FrmGuide::HasChapter(const QString& title) const
+{
+    return ui_->View->ChapterOf(title) != nullptr;
+}
+
 void FrmGuide::SetFonts()
 {
     SetWindowFont(*this, texts_);
@@ -88,9 +78,18 @@ void FrmGuide::SetCaptions()
     ui_->Text1->setToolTip(text(kGuideFindTipText));
     ui_->Smaller->setText(text(kGuideSmallerText));
     ui_->Larger->setText(text(kGuideLargerText));
-    for (const auto& [button, id, key] : ToolsOf(*ui_)) {
-        button->setAccessibleName(text(id));
-        button->setToolTip(QStringLiteral("%1 (%2)").arg(text(id), key.toString(QKeySequence::NativeText)));
+    struct Tip {
+        QToolButton* button;
+        int id;
+        QKeySequence key;
+    };
+    for (const auto& [button, id, key] : {Tip{ui_->Back, kGuideBackText, Qt::ALT | Qt::Key_Left},
+                                          Tip{ui_->Forward, kGuideForwardText, Qt::ALT | Qt::Key_Right},
+                                          Tip{ui_->Smaller, kGuideSmallerTipText, Qt::CTRL | Qt::Key_Minus},
+                                          Tip{ui_->Larger, kGuideLargerTipText, Qt::CTRL | Qt::Key_Plus}}) {
+        const QString tip = Shown(FilledIn(texts_[id], Typed(key.toString(QKeySequence::NativeText))));
+        button->setAccessibleName(tip);
+        button->setToolTip(tip);
     }
     if (!ui_->Notice->text().isEmpty())
         ShowFound(false);
@@ -119,7 +118,11 @@ void FrmGuide::SetShortcuts()
     GuideView* const view = ui_->View;
     const std::pair<QKeySequence, std::function<void()>> keys[] = {
         {Qt::Key_Escape, [this] { close(); }},
-        {Qt::CTRL | Qt::Key_Equal, [view] { view->Zoom(1); }}, // "+" without Shift
+        {Qt::ALT | Qt::Key_Left, [view] { view->backward(); }},
+        {Qt::ALT | Qt::Key_Right, [view] { view->forward(); }},
+        {Qt::CTRL | Qt::Key_Plus, [view] { view->Zoom(1); }},
+        {Qt::CTRL | Qt::Key_Equal, [view] { view->Zoom(1); }}, // the same key without Shift
+        {Qt::CTRL | Qt::Key_Minus, [view] { view->Zoom(-1); }},
         {Qt::CTRL | Qt::Key_0, [view] { view->ZoomBack(); }},
         {Qt::CTRL | Qt::Key_F,
          [this] {
@@ -129,8 +132,6 @@ void FrmGuide::SetShortcuts()
     };
     for (const auto& [key, act] : keys)
         connect(new QShortcut(key, this), &QShortcut::activated, this, act);
-    for (const Tool& tool : ToolsOf(*ui_))
-        connect(new QShortcut(tool.key, this), &QShortcut::activated, tool.button, &QToolButton::click);
     for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
         connect(new QShortcut(Qt::SHIFT | key, ui_->Text1, nullptr, nullptr, Qt::WidgetShortcut),
                 &QShortcut::activated, this, [this] { Find(QTextDocument::FindBackward); });

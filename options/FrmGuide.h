@@ -23,6 +23,7 @@ public:
     void Load();
     /// Goes to the chapter with this title, to the beginning when there is none.
     void GoTo(const QString& chapter);
+    [[nodiscard]] bool HasChapter(const QString& title) const;
 
 private:
     void SetFonts();

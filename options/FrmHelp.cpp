@@ -45,10 +45,9 @@ FrmHelp::FrmHelp(const ApplicationState& state, const Texts& texts, QWidget* par
     const QIcon icon = ProgramIcon();
     setWindowIcon(icon);
     ui_->Image1->setPixmap(icon.pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
-    ShowRows();
     SetFonts();
     SetCaptions();
-    ui_->Text1->setMinimumWidth(fontMetrics().averageCharWidth() * kPathLetters);
+    ShowRows();
     for (QLabel* const label : findChildren<QLabel*>())
         label->installEventFilter(this);
     ui_->Command1->setFocus();
@@ -65,6 +64,7 @@ void FrmHelp::SetFonts()
     QFont large = Enlarged(font(), kNameFactor);
     large.setBold(true);
     ui_->Label1->setFont(large);
+    ui_->Text1->setMinimumWidth(fontMetrics().averageCharWidth() * kPathLetters);
 }
 
 void FrmHelp::SetCaptions()
@@ -93,8 +93,10 @@ void FrmHelp::ShowRows()
             auto* const label = new QLabel(this);
             label->setTextFormat(Qt::PlainText);
             label->setText(Shown(text));
-            if (column == 1)
+            if (column == 1) {
+                label->setObjectName(u"Fact"_qs);
                 label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+            }
             ui_->FactLayout->addWidget(label, line, column++);
         }
         ++line;

@@ -47,8 +47,8 @@ void FrmLanguageSelect::SetCaptions()
     ui_->Option1->setText(text(kEnglishText));
     ui_->Option2->setText(text(kJapaneseText));
     ui_->Option3->setText(text(kChineseText)); // meant: there are no Chinese texts, and it is never shown
-    ui_->Hint->setText(text(kJapaneseOnlyText));
-    ui_->Hint->setVisible(TableLanguageFor(state_.SystemLanguageName) != TableLanguage::Japanese);
+    const bool japanese = TableLanguageFor(state_.SystemLanguageName) == TableLanguage::Japanese;
+    ui_->Hint->setText(text(japanese ? kWhichIsEnglishText : kJapaneseOnlyText));
     ui_->Command1->setText(text(kOkText));
 }
 

@@ -90,7 +90,7 @@ void FrmOption::Command3Click()
     if (busy_)
         return;
     busy_ = true;
-    ApplicationState& state = state_;
+    ApplicationState& state = state_; // outlives the dialog, which may be gone when the chooser has closed
     state.ChooserMode = kChoosesDataFolder;
     const QPointer<QDialog> chooser =
         new FrmDriveList(state,
@@ -119,7 +119,7 @@ void FrmOption::done(int result)
         ui_->Text1->selectAll();
         return;
     } else {
-        for (const Message& message : edit_.Keep(parts_.files, parts_.texts))
+        for (const Message& message : edit_.Keep(parts_.files, parts_.settings, parts_.texts))
             parts_.tell(message);
     }
     QDialog::done(result);

@@ -4,6 +4,7 @@
 #include "app/Prompts.h"
 #include "app/Texts.h"
 #include "files/FileStore.h"
+#include "files/SettingsFile.h"
 #include "options/OptionEdit.h"
 #include "stored/DriveFolders.h"
 
@@ -22,7 +23,8 @@ namespace quorvane {
 class FrmOption final : public QDialog {
 public:
     struct Parts {
-        FileStore& files; ///< for the file with the language choice
+        FileStore& files;             ///< for the file with the language choice
+        const SettingsFile& settings; ///< what it cannot hold holds for this session only
         const DriveFolders& drives;
         const Texts& texts;
         std::function<void(const Message&)> tell; ///< returns when the operator has read it

@@ -47,6 +47,19 @@ void Guide::Open(const QString& chapter)
     window_->activateWindow();
 }
 
+/// A message box has no chapter; one of the dialogs behind it may. The guide stays where it was left if none
+/// has.
+void Guide::OpenFor(const QDialog& dialog)
+{
+    Open();
+    for (const QWidget* window = &dialog; window != nullptr;) {
+        if (window_->HasChapter(window->windowTitle()))
+            return window_->GoTo(window->windowTitle());
+        const QWidget* const behind = window->parentWidget();
+        window = behind == nullptr ? nullptr : behind->window();
+    }
+}
+
 /// Windows makes the window that it stands before while it is shown its owner, whatever it stands before
 /// later, and an owner takes its windows along when it is destroyed.
 void Guide::ShowOwnedByNoWindow()
@@ -76,7 +89,7 @@ bool Guide::eventFilter(QObject* object, QEvent* event)
             break;
         event->accept();
         if (event->type() == QEvent::KeyPress && !static_cast<QKeyEvent*>(event)->isAutoRepeat())
-            Open(dialog->windowTitle());
+            OpenFor(*dialog);
         return true;
     }
     case QEvent::WindowBlocked: // by a dialog that came up while the guide is open

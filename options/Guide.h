@@ -17,8 +17,8 @@ class FrmGuide;
 /// the windows and can be used whatever dialog is open; it serves no events itself, so it can be read while a
 /// run goes on. It stays when a dialog closes, and goes with the main window.
 ///
-/// F1 in any dialog opens it at the chapter that has the dialog's title; the main window opens it by its
-/// menu.
+/// F1 in any dialog opens it at the chapter that has the dialog's title, in a message box at that of the
+/// dialog before which the box stands; the main window opens it by its menu.
 class Guide final : public QObject {
 public:
     /// @param texts  choose the language of the guide when it is opened
@@ -36,6 +36,7 @@ protected:
 
 private:
     void ShowOwnedByNoWindow();
+    void OpenFor(const QDialog& dialog);
     void StandBeforeFrontDialog();
 
     const Texts& texts_;

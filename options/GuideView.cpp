@@ -244,10 +244,17 @@ void GuideView::wheelEvent(QWheelEvent* event)
 
 void GuideView::GoTo(const QString& title)
 {
-    for (const GuideChapter& chapter : chapters_)
-        if (chapter.title.compare(title.trimmed(), Qt::CaseInsensitive) == 0)
-            return setSource(chapter.place);
-    setSource(file_);
+    const GuideChapter* const chapter = ChapterOf(title);
+    setSource(chapter != nullptr ? chapter->place : file_);
+}
+
+const GuideChapter* GuideView::ChapterOf(const QString& title) const
+{
+    const auto found =
+        std::ranges::find_if(chapters_, [sought = title.trimmed()](const GuideChapter& chapter) {
+            return chapter.title.compare(sought, Qt::CaseInsensitive) == 0;
+        });
+    return found != chapters_.end() ? &*found : nullptr;
 }
 
 bool GuideView::Find(const QString& text, QTextDocument::FindFlags direction)

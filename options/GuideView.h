@@ -33,6 +33,8 @@ public:
     [[nodiscard]] const QList<GuideChapter>& Chapters() const { return chapters_; }
     /// Goes to the chapter with this title, to the beginning when there is none.
     void GoTo(const QString& title);
+    /// @return the chapter with this title, compared without case and the blanks around it, or none
+    [[nodiscard]] const GuideChapter* ChapterOf(const QString& title) const;
     /// Selects the next place with `text`, or the one before, and starts anew at the other end behind the
     /// last one. @return false when there is none; the selection stays then
     bool Find(const QString& text, QTextDocument::FindFlags direction);

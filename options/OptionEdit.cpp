@@ -2,7 +2,6 @@
 
 #include "app/LanguageOffset.h"
 #include "files/FileFaultText.h"
-#include "files/SettingsFile.h"
 #include "options/LanguageFile.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
@@ -16,10 +15,10 @@ std::optional<Message> OptionEdit::Refusal(const DriveFolders& drives, const Tex
     return Message{.text = texts[kFolderMissingText], .icon = Icon::Exclamation};
 }
 
-std::vector<Message> OptionEdit::Keep(FileStore& files, const Texts& texts)
+std::vector<Message> OptionEdit::Keep(FileStore& files, const SettingsFile& settings, const Texts& texts)
 {
     std::vector<Message> messages;
-    if (FolderChanged() && !SettingsFile::CanHold(state_.DefaultFolder))
+    if (FolderChanged() && !settings.CanHold(state_.DefaultFolder))
         messages.push_back({.text = texts[kFolderThisSessionText], .icon = Icon::Exclamation});
     if (state_.LanguageMode == languageModeBefore_)
         return messages;

@@ -4,6 +4,7 @@
 #include "app/Prompts.h"
 #include "app/Texts.h"
 #include "files/FileStore.h"
+#include "files/SettingsFile.h"
 #include "stored/DriveFolders.h"
 
 #include <cstdint>
@@ -30,7 +31,8 @@ public:
 
     /// OK: writes the language choice when it is another one; what cannot be written is again what it was.
     /// @return what the operator is told, in this order
-    [[nodiscard]] std::vector<Message> Keep(FileStore& files, const Texts& texts);
+    [[nodiscard]] std::vector<Message> Keep(FileStore& files, const SettingsFile& settings,
+                                            const Texts& texts);
 
     /// Everything is again what it was.
     void Restore();

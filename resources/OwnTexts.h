@@ -242,6 +242,7 @@ enum OwnText : int {
     kSerialNumberText = 1392, ///< %1: a device's serial number
     kNoPortChosenText = 1393,
     kForcedLineText = 1394,
+
     // The folder chooser.
     kDriveText = 1411,
     kFoldersText = 1412,
@@ -270,6 +271,8 @@ enum OwnText : int {
     kLanguageNextStartText = 1433,
     kLanguageNotSavedText = 1434,
     kJapaneseOnlyText = 1435,
+    kWhichIsEnglishText = 1436, ///< in both languages in either
+
     // About the program: further facts, what can be done with them.
     kProcessorTypeText = 1441,
     kProcessorMakerText = 1442,
@@ -281,7 +284,7 @@ enum OwnText : int {
     kKilobytesText = 1448, ///< %1: KB
     kSystemText = 1449,
     kSystemClassText = 1450,
-    kSystemLanguageText = 1451,
+    kSystemLanguageNameText = 1451,
     kOpenFolderText = 1452,
     kCopyDetailsText = 1453,
     kCopiedText = 1454,
@@ -289,16 +292,17 @@ enum OwnText : int {
 
     // The window with the guide.
     kGuideTitleText = 1456,
-    kGuideBackText = 1457,
-    kGuideForwardText = 1458,
+    kGuideBackText = 1457,    ///< %1: its keys
+    kGuideForwardText = 1458, ///< %1: its keys
     kGuideChaptersText = 1459,
     kGuideFindText = 1460,
     kGuideFindTipText = 1461,
     kGuideNotFoundText = 1462,
     kGuideSmallerText = 1463,
     kGuideLargerText = 1464,
-    kGuideSmallerTipText = 1465,
-    kGuideLargerTipText = 1466,
+    kGuideSmallerTipText = 1465, ///< %1: its keys
+    kGuideLargerTipText = 1466,  ///< %1: its keys
+
     // The main window: units of the large figures.
     kConcUnitText = 1471,
     kCountUnitText = 1472,

@@ -395,9 +395,9 @@ constexpr Entry kEntries[] = {
 
     {kPortGroupText,
      "Only members of the group %1 may use the port. To become one, enter this command in a terminal, then "
-     "sign out and in again: sudo usermod -aG %1 $USER",
+     "log out and in again: sudo usermod -aG %1 $USER",
      "このポートを使用できるのはグループ %1 のメンバーだけです。端末で次のコマンドを実行してから、"
-     "サインアウトしてサインインし直してください: sudo usermod -aG %1 $USER"},
+     "ログアウトしてログインし直してください: sudo usermod -aG %1 $USER"},
     {kChannel1Text, "CH1", "CH1"},
     {kEvenText, "Even", "偶数"},
     {kOddText, "Odd", "奇数"},
@@ -414,6 +414,7 @@ constexpr Entry kEntries[] = {
      "測定器が接続されているポートを選択してください。"},
     {kForcedLineText, "When the program starts again, the baud rate is 38400 and the flow RTS/CTS.",
      "次回の起動時には、通信速度は 38400、フロー制御は RTS/CTS に戻ります。"},
+
     {kDriveText, "&Drive:", "ドライブ(&D):"},
     {kFoldersText, "&Folders:", "フォルダー(&F):"},
     {kChosenFolderText, "&Selected folder:", "選択したフォルダー(&S):"},
@@ -455,6 +456,8 @@ constexpr Entry kEntries[] = {
      "言語の選択を保存できませんでした。"},
     {kJapaneseOnlyText, "Japanese appears on Japanese systems only; other systems show English.",
      "日本語は日本語のシステムでのみ表示されます。それ以外のシステムでは英語で表示されます。"},
+    {kWhichIsEnglishText, "The upper choice is English.", "上が英語です。 The upper choice is English."},
+
     {kProcessorTypeText, "Processor type:", "プロセッサーの種類:"},
     {kProcessorMakerText, "Processor maker:", "プロセッサーの製造元:"},
     {kProcessorClockText, "Processor clock:", "プロセッサーの周波数:"},
@@ -465,7 +468,7 @@ constexpr Entry kEntries[] = {
     {kKilobytesText, "%1 KB", "%1 KB"},
     {kSystemText, "System:", "システム:"},
     {kSystemClassText, "System class:", "システムの分類番号:"},
-    {kSystemLanguageText, "System language:", "システムの言語:"},
+    {kSystemLanguageNameText, "System language:", "システムの言語:"},
     {kOpenFolderText, "Open &Folder", "フォルダーを開く(&F)"},
     {kCopyDetailsText, "&Copy Details", "詳細をコピー(&C)"},
     {kCopiedText, "The details are on the clipboard.", "詳細をクリップボードにコピーしました。"},
@@ -473,8 +476,8 @@ constexpr Entry kEntries[] = {
      "フォルダーを開けませんでした。パスは上に表示されています。"},
 
     {kGuideTitleText, "Operator's Guide", "操作ガイド"},
-    {kGuideBackText, "Back", "戻る"},
-    {kGuideForwardText, "Forward", "進む"},
+    {kGuideBackText, "Back (%1)", "戻る（%1）"},
+    {kGuideForwardText, "Forward (%1)", "進む（%1）"},
     {kGuideChaptersText, "Contents", "目次"},
     {kGuideFindText, "F&ind:", "検索(&I):"},
     {kGuideFindTipText, "Enter: next place; Shift+Enter: previous place",
@@ -482,8 +485,9 @@ constexpr Entry kEntries[] = {
     {kGuideNotFoundText, "Not found", "見つかりません"},
     {kGuideSmallerText, "A-", "A-"},
     {kGuideLargerText, "A+", "A+"},
-    {kGuideSmallerTipText, "Smaller letters", "文字を小さくします"},
-    {kGuideLargerTipText, "Larger letters", "文字を大きくします"},
+    {kGuideSmallerTipText, "Smaller letters (%1)", "文字を小さくします（%1）"},
+    {kGuideLargerTipText, "Larger letters (%1)", "文字を大きくします（%1）"},
+
     {kConcUnitText, "mg/m3", "mg/m3"},
     {kCountUnitText, "CPM", "CPM"},
 };

@@ -63,8 +63,8 @@ FrmRS232CSetting::FrmRS232CSetting(PortSettings& port, Parts parts, QWidget* par
                   {ui_->Combo7, LineField::Flow}}}
 {
     setWindowIcon(ProgramIcon());
-    SetFonts();
     SetCaptions();
+    SetFonts();
     ShowLineSettings();
     ReadPorts();
     Connect();
@@ -100,6 +100,8 @@ void FrmRS232CSetting::SetFonts()
     SetWindowFont(*this, parts_.texts);
     const int line = fontMetrics().lineSpacing();
     ui_->PortNotes->setMinimumSize(kNoteWidthLines * line, kLeastNoteLines * line);
+    // Or the lists are squeezed for its second line when the dialog is made smaller.
+    ui_->ForcedLine->setMinimumHeight(ui_->ForcedLine->heightForWidth(kNoteWidthLines * line));
 }
 
 /// What the operator picks is an edit, with the mouse, the keys or the wheel; what the program selects is
@@ -113,10 +115,7 @@ void FrmRS232CSetting::Connect()
     connect(ui_->SearchAgain, &QPushButton::clicked, this, [this] { DevicesChanged(); });
     connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, ui_->SearchAgain, &QPushButton::click);
     ui_->Combo2->view()->installEventFilter(this);
-    connect(ui_->Command1, &QPushButton::clicked, this, [this] {
-        edit_.OkPressed = true;
-        accept();
-    });
+    connect(ui_->Command1, &QPushButton::clicked, this, [this] { accept(); });
     connect(ui_->Command2, &QPushButton::clicked, this, [this] { reject(); });
 }
 
@@ -212,7 +211,8 @@ void FrmRS232CSetting::done(int result)
 {
     if (telling_)
         return;
-    edit_.Close();
+    if (result != Accepted)
+        edit_.Restore();
     QDialog::done(result);
 }
 

@@ -29,7 +29,7 @@ std::string Note(const std::string& name, const std::string& device, const std::
 {
     std::string note = name;
     if (!device.empty())
-        note += " (" + device + ")";
+        note += " (" + OnOneLine(device) + ")";
     return note + ": " + usability;
 }
 

@@ -94,12 +94,6 @@ void PortSettingEdit::Pick(LineField field, int index)
         port_.RsFlow = static_cast<std::int16_t>(index + 1);
 }
 
-void PortSettingEdit::Close()
-{
-    if (!OkPressed)
-        port_ = before_;
-}
-
 std::optional<Message> PortOverlap(const std::string& chosen, const std::string& secondChannelPort,
                                    const Texts& texts)
 {

@@ -16,8 +16,8 @@ enum class LineField { BaudRate, DataBits, Parity, StopBits, Flow };
 /// The list's entries in their order.
 [[nodiscard]] std::vector<std::string> LineEntries(LineField field, const Texts& texts);
 
-/// The settings of the port being edited: they change at once and go back to what they were unless OK was
-/// pressed. What is not picked stays as it is, in whatever form.
+/// The settings of the port being edited: they change at once and go back to what they were unless they are
+/// kept. What is not picked stays as it is, in whatever form.
 class PortSettingEdit {
 public:
     explicit PortSettingEdit(PortSettings& port) : port_(port), before_(port) {}
@@ -32,10 +32,8 @@ public:
     /// 1. An index that is none stores nothing.
     void Pick(LineField field, int index);
 
-    /// The dialog closes: unless OK was pressed, all six values are again what they were.
-    void Close();
-
-    bool OkPressed = false;
+    /// All six values are again what they were.
+    void Restore() { port_ = before_; }
 
 private:
     PortSettings& port_;

@@ -12,7 +12,12 @@
 #include "graph/PreviewWindow.h"
 #include "instrument/FrmQuorvaneSetting.h"
 #include "measure/FrmMeasureSetting.h"
+#include "options/FrmGuide.h"
+#include "options/FrmHelp.h"
+#include "options/FrmLanguageSelect.h"
+#include "options/FrmOption.h"
 #include "resources/OwnTexts.h"
+#include "stored/FrmDriveList.h"
 #include "tests/support/Operator.h"
 #include "tests/support/PaintedTexts.h"
 #include "tests/support/WindowWorld.h"
@@ -185,6 +190,55 @@ const Row kRows[] = {
      [](Desk& desk, const Look& look) {
          desk.state.RunMode = false;
          ShowInstrumentSettings(desk, look);
+     }},
+    {"communication settings",
+     {u"Combo2"_qs, u"Combo3"_qs, u"Combo4"_qs, u"Combo6"_qs},
+     {{"FrmRS232CSetting title", "Communication Setting"},
+      {"Label1 text", "Connected channel"},
+      {"Label2 text", "Port"},
+      {"Label3 text", "Baud rate"},
+      {"Label4 text", "Data Bit"},
+      {"Label5 text", "Parity"},
+      {"Label6 text", "Stop Bit"},
+      {"Label7 text", "Flow"}},
+     [](Desk& d, const Look& look) {
+         d.ports.plugged = {{1, {}}, {5, {}}};
+         Show(look, FrmRS232CSetting(d.state, {d.names, d.ports, d.ports, d.texts, d.tell, {}}, nullptr));
+     }},
+    {"options",
+     {},
+     {{"FrmOption title", "Options"}, {"Option4 text", "English"}},
+     [](Desk& d, const Look& look) {
+         Show(look, FrmOption(d.state, {d.files, d.settings, d.drives, d.texts, d.tell}, nullptr));
+     }},
+    {"folder chooser",
+     {u"Drive1"_qs},
+     {{"FrmDriveList title", "Folder Setup"}},
+     [](Desk& d, const Look& look) {
+         const auto ignore = [](const std::string&) {};
+         Show(look, FrmDriveList(d.state, {d.drives, d.texts, d.tell, ignore}, nullptr));
+     }},
+    {"language selection",
+     {u"Hint"_qs}, // there is another one on Japanese systems
+     {{"FrmLanguageSelect title", "Language Select"},
+      {"Option1 text", "English"},
+      {"Option2 text", "Japanese"},
+      {"Command1 text", "OK"}},
+     [](Desk& d, const Look& look) {
+         Show(look, FrmLanguageSelect(d.state, {d.files, d.texts, d.tell}));
+     }},
+    {"about",
+     {u"Fact"_qs, u"Notice"_qs},
+     {{"FrmHelp title", "About Quorvane Software"}},
+     [](Desk& d, const Look& look) { Show(look, FrmHelp(d.state, d.texts, nullptr)); }},
+    {"guide",
+     {u"Notice"_qs},
+     {{"FrmGuide title", "Operator's Guide"}},
+     [](Desk& d, const Look& look) {
+         FrmGuide guide(d.texts);
+         guide.Load();
+         guide.show();
+         look(guide);
      }},
     {"preview",
      {},

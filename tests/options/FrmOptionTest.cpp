@@ -1,10 +1,14 @@
 #include "options/FrmOption.h"
 
 #include "tests/support/DialogWorld.h"
+#include "tests/support/FakeCodePage.h"
+#include "tests/support/FixedClock.h"
+#include "tests/support/FixedLocale.h"
 #include "tests/support/Operator.h"
 #include "tests/support/ScratchFolder.h"
 #include "tests/support/ScriptedDrives.h"
 
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -17,18 +21,20 @@ using testing::ElementsAre;
 struct FrmOptionTest : DialogWorld<FrmOption> {
     FrmOptionTest()
     {
-        for (const char* name : {"data", "other", "a,b"})
+        for (const char* name : {"data", "other", "a,b", "粉じん"})
             std::filesystem::create_directory(Path(name));
         state.DefaultFolder = Path("data");
         state.RunMode = true;
     }
     [[nodiscard]] std::string Path(const std::string& name) const { return scratch.Path(name); }
-    void Open() { Show(FrmOption::Parts{files, drives, texts, Teller()}); }
+    void Open() { Show(FrmOption::Parts{files, settings, drives, texts, Teller()}); }
     void Type(const std::string& folder) const
     {
         Part<QLineEdit>("Text1")->selectAll();
         Press(Qt::Key_Delete);
-        QTest::keyClicks(Part<QLineEdit>("Text1"), Shown(folder));
+        QInputMethodEvent letters; // keys cannot give all of them
+        letters.setCommitString(Shown(folder));
+        QApplication::sendEvent(Part<QLineEdit>("Text1"), &letters);
     }
     [[nodiscard]] std::string Text1() const { return Typed(Part<QLineEdit>("Text1")->text()); }
     [[nodiscard]] bool Checked(const char* option) const { return Part<QRadioButton>(option)->isChecked(); }
@@ -50,6 +56,10 @@ struct FrmOptionTest : DialogWorld<FrmOption> {
 
     ScratchFolder scratch;
     ScriptedDrives drives{scratch.Path()};
+    FakeCodePage codePage;
+    FixedClock clock;
+    FixedLocale locale;
+    const SettingsFile settings{state, files, codePage, clock, locale, {}};
 };
 
 TEST_F(FrmOptionTest, ShowsTheStateAndLeavesALanguageOfALaterVersionAlone)
@@ -112,6 +122,8 @@ TEST_F(FrmOptionTest, LooksAtAnotherFolderOnly)
         {"none", Path("data"), "", false, "The folder does not exist."},
         {"the same, which is away", Path("away"), Path("away"), true, ""},
         {"a comma", Path("data"), Path("a,b"), true, "The settings file cannot hold this folder"},
+        {"letters that the code page lacks", Path("data"), Path("粉じん"), true,
+         "The settings file cannot hold this folder"},
         {"the same comma", Path("a,b"), Path("a,b"), true, ""},
     };
     for (const Row& row : rows) {

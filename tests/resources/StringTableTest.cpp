@@ -56,7 +56,30 @@ TEST(StringTable, EveryTextIsInEnglishAgainTenThousandAboveWhateverTheLanguage)
 TEST(StringTable, JapaneseTextsAreTranslatedAndComplete)
 {
     const std::set<int> namesAndSymbols = {
-        101, 128, 166, 167, 168, 174, 249, 273, 280, 281, 282, 292, kTwaColumnText, kStelColumnText, kConcUnitText, kCountUnitText};
+        101,
+        128,
+        166,
+        167,
+        168,
+        174,
+        249,
+        273,
+        280,
+        281,
+        282,
+        292,
+        kTwaColumnText,
+        kStelColumnText,
+        kConcUnitText,
+        kCountUnitText,
+        kChannel1Text,
+        kXonXoffText,
+        kRtsCtsText,
+        kXonRtsText,
+        kKilobytesText,
+        kGuideSmallerText,
+        kGuideLargerText,
+    };
     for (const int id : KnownNumbers()) {
         const std::string english = kEnglish.Text(id, 0);
         const std::string japanese = kJapanese.Text(id, 0);

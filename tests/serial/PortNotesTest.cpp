@@ -29,7 +29,7 @@ TEST(PortNotes, TellOfTheChosenPortAndOfThoseThatSomethingCanBeDoneAbout)
     EXPECT_THAT(UsablePorts(found), ElementsAre("COM5", "COM14"));
 
     const std::string deniedNote = "COM6 (/dev/fake/6, Meter): Only members of the group dialout may use the "
-                                   "port. To become one, enter this command in a terminal, then sign out and "
+                                   "port. To become one, enter this command in a terminal, then log out and "
                                    "in again: sudo usermod -aG dialout $USER";
     const std::string otherDeniedNote =
         "COM9 (/dev/fake/9): Your account is not allowed to use the port. Ask "

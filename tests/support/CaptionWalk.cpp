@@ -254,7 +254,8 @@ void CaptionWalk::Collect(const QWidget& widget, Captions& captions) const
         for (int i = 0; i < list->count(); ++i)
             add(u"entry %1"_qs.arg(i), list->itemText(i));
     if (const auto* const header = qobject_cast<const QHeaderView*>(&widget);
-        header != nullptr && header->model() != nullptr && header->orientation() == Qt::Horizontal)
+        header != nullptr && !header->isHidden() && header->model() != nullptr &&
+        header->orientation() == Qt::Horizontal)
         for (int i = 0; i < header->count(); ++i)
             captions[NameOf(*header->parentWidget()) + u" heading %1"_qs.arg(i)] =
                 Plain(header->model()->headerData(i, Qt::Horizontal).toString());
