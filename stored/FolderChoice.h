@@ -13,18 +13,14 @@ namespace quorvane {
 /// Whether `path` begins with a drive letter and its colon, as only Windows has them.
 [[nodiscard]] bool HasDriveLetter(std::string_view path);
 
+/// Whether `folder` is `above` or lies in it. For paths without drive letters, so a backslash is part of a
+/// name.
+[[nodiscard]] bool LiesIn(std::string_view folder, std::string_view above);
+
 /// The place in `drives` of the one that `folder` is on. A drive letter is compared by the first two
 /// characters, without case; elsewhere it is the longest drive that `folder` begins with, up to a separator.
 /// @return nothing when it is on none of them
 [[nodiscard]] std::optional<std::size_t> DriveOf(std::string_view folder, std::span<const Drive> drives);
-
-/// Whether a mounted file system is a volume that an operator may want to keep data on: a disk, a stick, a
-/// share of the network, but nothing that belongs to the running system or to packaged programs.
-///
-/// @param folder  where it is mounted
-/// @param device  what is mounted: "/dev/sdb1", "//server/share", "tmpfs"
-/// @param kind    of the file system: "ext4", "squashfs"
-[[nodiscard]] bool IsUsersVolume(std::string_view folder, std::string_view device, std::string_view kind);
 
 /// The folder chooser's rule. With any other mode than 1 it neither reads nor changes the data folder.
 class FolderChoice {

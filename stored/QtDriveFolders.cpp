@@ -2,6 +2,7 @@
 
 #include "app/QtText.h"
 #include "stored/FolderChoice.h"
+#include "stored/UserVolumes.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -16,6 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;
+using testing::Not;
 
 struct FrmMenuTest : testing::Test, WindowWorld {};
 

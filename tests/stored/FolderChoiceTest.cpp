@@ -1,5 +1,7 @@
 #include "stored/FolderChoice.h"
 
+#include "stored/UserVolumes.h"
+
 #include <gtest/gtest.h>
 #include <vector>
 
