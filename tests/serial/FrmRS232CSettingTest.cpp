@@ -1,17 +1,12 @@
 #include "serial/FrmRS232CSetting.h"
 
+#include "tests/support/DialogWorld.h"
 #include "tests/support/FakePort.h"
 #include "tests/support/ScriptedPorts.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QComboBox>
-#include <QPushButton>
-#include <QTest>
 #include <QTextEdit>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <optional>
 #include <tuple>
 
 namespace quorvane {
@@ -26,55 +21,35 @@ auto Six(const PortSettings& port)
     return std::tuple(port.RsPort, port.RsSpeed, port.RsDataBit, port.RsParity, port.RsStopBit, port.RsFlow);
 }
 
-struct FrmRS232CSettingTest : testing::Test {
+struct FrmRS232CSettingTest : DialogWorld<FrmRS232CSetting> {
+    FrmRS232CSettingTest() { port = {"COM5", "38400", "8", "N", "1", 3}; }
     void Open(TableLanguage language = TableLanguage::English)
     {
         table = StringTable(language);
-        messages.clear();
-        dialog.emplace(port,
-                       FrmRS232CSetting::Parts{names, ports, ports, texts,
-                                               [this](const Message& message) {
-                                                   EXPECT_TRUE(dialog->isVisible());
-                                                   dialog->close(); // the system may ask so at any time
-                                                   EXPECT_TRUE(dialog->isVisible());
-                                                   messages.push_back(message);
-                                               },
-                                               secondChannelPort},
-                       nullptr);
-        dialog->show();
-        dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&*dialog));
+        told.clear();
+        Show(FrmRS232CSetting::Parts{names, ports, ports, texts,
+                                     [this](const Message& message) {
+                                         EXPECT_TRUE(dialog->isVisible());
+                                         dialog->close(); // the system may ask so at any time
+                                         EXPECT_TRUE(dialog->isVisible());
+                                         told.push_back(message);
+                                     },
+                                     secondChannelPort});
         QApplication::processEvents();
     }
-    QComboBox* List(int number)
+    QComboBox* List(int number) { return Part<QComboBox>(("Combo" + std::to_string(number)).c_str()); }
+    void PressAndWait(Qt::Key key)
     {
-        return dialog->findChild<QComboBox*>(QStringLiteral("Combo%1").arg(number));
-    }
-    void Press(Qt::Key key)
-    {
-        QTest::keyClick(dialog->focusWidget(), key);
+        Press(key);
         QApplication::processEvents();
     }
     /// Picks an entry with the keys.
     void Pick(int list, int entry)
     {
         List(list)->setFocus();
-        Press(Qt::Key_Home);
+        PressAndWait(Qt::Key_Home);
         for (int i = 0; i < entry; ++i)
-            Press(Qt::Key_Down);
-    }
-    enum class Way { Ok, Cancel, Escape, CloseBox };
-    void Leave(Way way)
-    {
-        if (way == Way::Escape)
-            Press(Qt::Key_Escape);
-        else if (way == Way::CloseBox)
-            dialog->close();
-        else
-            QTest::mouseClick(
-                dialog->findChild<QPushButton*>(QLatin1String(way == Way::Ok ? "Command1" : "Command2")),
-                Qt::LeftButton);
-        EXPECT_FALSE(dialog->isVisible());
+            PressAndWait(Qt::Key_Down);
     }
     std::vector<std::string> Entries(int list)
     {
@@ -85,29 +60,25 @@ struct FrmRS232CSettingTest : testing::Test {
     }
     std::string Notes() { return dialog->findChild<QTextEdit*>()->toPlainText().toStdString(); }
 
-    PortSettings port{"COM5", "38400", "8", "N", "1", 3};
+    PortSettings& port = state;
     ScriptedPorts ports;
     FakePortNames names;
     std::string secondChannelPort;
-    ProgramPlace place;
-    StringTable table{TableLanguage::English};
-    Texts texts{table, place};
-    std::vector<Message> messages;
-    std::optional<FrmRS232CSetting> dialog;
+    std::vector<Message> told;
 };
 
 TEST_F(FrmRS232CSettingTest, TellsOnceThatThereIsNoPort)
 {
     Open();
     dialog->DevicesChanged();
-    Press(Qt::Key_F5);
+    PressAndWait(Qt::Key_F5);
     dialog->hide();
     dialog->show();
     QApplication::processEvents();
-    ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].text, "RS232C Port is not found.");
-    EXPECT_EQ(messages[0].icon, Icon::Exclamation);
-    EXPECT_EQ(messages[0].titleId, 101);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].text, "RS232C Port is not found.");
+    EXPECT_EQ(told[0].icon, Icon::Exclamation);
+    EXPECT_EQ(told[0].titleId, 101);
     EXPECT_THAT(Entries(2), IsEmpty());
     EXPECT_THAT(Notes(), StartsWith("COM5: There is no such port."));
     EXPECT_EQ(port.RsPort, "COM5");
@@ -166,9 +137,9 @@ TEST_F(FrmRS232CSettingTest, PicksAreLiveAndEveryWayOutButOkPutsAllSixBack)
             const PortSettings picked{"COM1", "9600", "7", "e", "1.5", 4};
             EXPECT_EQ(Six(port), Six(picked));
             Leave(way);
-            EXPECT_EQ(Six(port), Six(way == Way::Ok ? picked : before));
+            EXPECT_EQ(Six(port), Six(Keeps(way) ? picked : before));
         }
-    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_THAT(told, IsEmpty());
 }
 
 TEST_F(FrmRS232CSettingTest, TellsOfAPortOfTheSecondChannelAndKeepsTheChoice)
@@ -176,17 +147,17 @@ TEST_F(FrmRS232CSettingTest, TellsOfAPortOfTheSecondChannelAndKeepsTheChoice)
     ports.plugged = {{1, {}}, {2, {}}};
     port.RsPort = secondChannelPort = "COM2";
     Open();
-    EXPECT_THAT(messages, IsEmpty()) << "nothing was chosen yet";
+    EXPECT_THAT(told, IsEmpty()) << "nothing was chosen yet";
     Pick(2, 1);
-    ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].text, "Port number has overlapped CH2.");
-    EXPECT_EQ(messages[0].titleId, 181); // another dialog's title; meant
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].text, "Port number has overlapped CH2.");
+    EXPECT_EQ(told[0].titleId, 181); // another dialog's title; meant
     EXPECT_EQ(port.RsPort, "COM2");
 
     port.RsPort = secondChannelPort = ""; // there is none
     Open();
     Pick(2, 1);
-    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_THAT(told, IsEmpty());
 }
 
 TEST_F(FrmRS232CSettingTest, FollowsTheDevicesWithoutDisturbingTheOperator)
@@ -213,7 +184,7 @@ TEST_F(FrmRS232CSettingTest, FollowsTheDevicesWithoutDisturbingTheOperator)
     dialog->DevicesChanged();
     EXPECT_THAT(Notes(), testing::HasSubstr("sudo usermod -aG dialout $USER"));
     ports.plugged[5].fault.reset();
-    Press(Qt::Key_F5);
+    PressAndWait(Qt::Key_F5);
     EXPECT_THAT(Entries(2), ElementsAre("COM1", "COM3", "COM5"));
     EXPECT_EQ(List(2)->currentIndex(), 2);
     EXPECT_EQ(Notes(), "COM5 (/dev/fake/5): can be used");
@@ -223,7 +194,7 @@ TEST_F(FrmRS232CSettingTest, FollowsTheDevicesWithoutDisturbingTheOperator)
     notes->selectAll();
     dialog->DevicesChanged();
     EXPECT_TRUE(notes->textCursor().hasSelection()) << "nothing has changed";
-    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_THAT(told, IsEmpty());
 }
 
 } // namespace
