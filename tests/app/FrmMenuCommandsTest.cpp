@@ -2,6 +2,7 @@
 #include "graph/ChartWidget.h"
 #include "measure/LampView.h"
 #include "tests/support/Operator.h"
+#include "tests/support/PaintedTexts.h"
 #include "tests/support/WindowWorld.h"
 
 #include <QCheckBox>
@@ -272,9 +273,16 @@ TEST_F(FrmMenuCommandsTest, ReadingsAreMarkedByTheModeTheyWereTakenIn)
             QTest::keyClick(&dialog, Qt::Key_Return);
         };
     };
-    EXPECT_TRUE(notice->isVisible());
+    const auto chartSaysSo = [this] {
+        return PaintedTexts(Chart().Frozen({900, 500})).join(QString()).contains(u"SIMULATED"_qs);
+    };
+    Operator person({choose("Option1"), choose("Option2"), choose("Option1"), choose("Option2")});
+    for (const bool simulated : {true, false}) { // before there are any, as the next ones will be
+        EXPECT_EQ(notice->isVisible(), simulated);
+        EXPECT_EQ(chartSaysSo(), simulated);
+        Trigger("MenuOption");
+    }
     Measure();
-    Operator person({choose("Option1"), choose("Option2")});
     Trigger("MenuOption");
     EXPECT_TRUE(state.RunMode);
     EXPECT_TRUE(notice->isVisible()) << "the readings are still the made-up ones";
