@@ -352,4 +352,9 @@ void ChartWidget::resizeEvent(QResizeEvent*)
     overlay_->HideHint(); // what it may cover has moved
 }
 
+std::string PlotLibraryVersion()
+{
+    return QCUSTOMPLOT_VERSION_STR;
+}
+
 } // namespace quorvane

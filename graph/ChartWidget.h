@@ -7,6 +7,7 @@
 #include <QPicture>
 #include <QWidget>
 #include <memory>
+#include <string>
 
 namespace quorvane {
 
@@ -87,5 +88,8 @@ private:
     bool dragging_ = false;
     QPoint dragStart_;
 };
+
+/// The version of the plotting library that the chart is drawn with: "2.1.0".
+[[nodiscard]] std::string PlotLibraryVersion();
 
 } // namespace quorvane

@@ -3,7 +3,7 @@
 #include "app/ProgramFont.h"
 #include "app/ProgramIcon.h"
 #include "app/QtText.h"
-#include "graph/PlotVersion.h"
+#include "graph/ChartWidget.h"
 #include "options/ui_FrmHelp.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"

@@ -8,7 +8,6 @@
 #include "app/ToolkitLanguage.h"
 #include "graph/ChartWidget.h"
 #include "graph/FrmGraphSetting.h"
-#include "graph/PlotLibrary.h"
 #include "graph/PreviewWindow.h"
 #include "instrument/FrmQuorvaneSetting.h"
 #include "measure/FrmMeasureSetting.h"
@@ -359,8 +358,6 @@ TEST(ProgramFont, ChangesNoSizeWhenTheRoutinesRunAgain)
     EXPECT_EQ(fonts(), before);
     EXPECT_EQ(desk.window->minimumSizeHint(), least);
     EXPECT_GT(desk.Find<QWidget>("ConcNow")->font().pointSizeF(), 2 * desk.window->font().pointSizeF());
-    EXPECT_EQ(desk.window->findChild<QCustomPlot*>()->legend->font().families(),
-              desk.window->font().families());
 }
 
 } // namespace
