@@ -5,8 +5,6 @@
 #include "app/ProgramIcon.h"
 #include "app/QtText.h"
 #include "app/ScopedFlag.h"
-#include "options/LanguageFile.h"
-#include "options/OptionEdit.h"
 #include "options/ui_FrmLanguageSelect.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
@@ -22,7 +20,7 @@ constexpr int kWidthDigits = 32; ///< at least, or the window's title is cut off
 } // namespace
 
 FrmLanguageSelect::FrmLanguageSelect(ApplicationState& state, Parts parts, QWidget* parent)
-    : QDialog(parent), state_(state), parts_(std::move(parts)), before_(state.LanguageMode), ui_([this] {
+    : QDialog(parent), state_(state), parts_(std::move(parts)), edit_(state), ui_([this] {
           auto ui = std::make_unique<Ui::FrmLanguageSelect>();
           ui->setupUi(this);
           return ui;
@@ -73,24 +71,17 @@ void FrmLanguageSelect::ConnectControls()
         });
 }
 
-void FrmLanguageSelect::Save()
-{
-    const auto fault = SaveLanguageMode(parts_.files, state_.AppPath, state_.LanguageMode);
-    if (!fault)
-        return;
-    const ScopedFlag telling(telling_);
-    parts_.tell(LanguageNotSavedMessage(*fault, parts_.texts));
-}
-
 /// Every way out ends here: OK, Escape, the close box.
 void FrmLanguageSelect::done(int result)
 {
     if (telling_)
         return;
-    if (result == Accepted)
-        Save();
-    else
-        state_.LanguageMode = before_;
+    if (result != Accepted) {
+        edit_.Restore();
+    } else if (const auto failure = edit_.Save(parts_.files, state_.AppPath, parts_.texts)) {
+        const ScopedFlag telling(telling_);
+        parts_.tell(*failure);
+    }
     QDialog::done(result);
 }
 

@@ -4,9 +4,9 @@
 #include "app/Prompts.h"
 #include "app/Texts.h"
 #include "files/FileStore.h"
+#include "options/LanguageEdit.h"
 
 #include <QDialog>
-#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -36,11 +36,10 @@ private:
     void SetCaptions();
     void SetFonts();
     void ConnectControls();
-    void Save();
 
     ApplicationState& state_;
     Parts parts_;
-    const std::int16_t before_; ///< `LanguageMode` as it was
+    LanguageEdit edit_;
     std::unique_ptr<Ui::FrmLanguageSelect> ui_;
     bool telling_ = false;
 };

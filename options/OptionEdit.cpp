@@ -1,8 +1,6 @@
 #include "options/OptionEdit.h"
 
 #include "app/LanguageOffset.h"
-#include "files/FileFaultText.h"
-#include "options/LanguageFile.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 
@@ -20,11 +18,11 @@ std::vector<Message> OptionEdit::Keep(FileStore& files, const SettingsFile& sett
     std::vector<Message> messages;
     if (FolderChanged() && !settings.CanHold(state_.DefaultFolder))
         messages.push_back({.text = texts[kFolderThisSessionText], .icon = Icon::Exclamation});
-    if (state_.LanguageMode == languageModeBefore_)
+    if (!language_.Changed())
         return messages;
-    if (const auto fault = SaveLanguageMode(files, state_.AppPath, state_.LanguageMode)) {
-        messages.push_back(LanguageNotSavedMessage(*fault, texts));
-        state_.LanguageMode = languageModeBefore_;
+    if (const std::optional<Message> failure = language_.Save(files, state_.AppPath, texts)) {
+        messages.push_back(*failure);
+        language_.Restore();
     } else {
         messages.push_back({.text = texts[kLanguageNextStartText]});
     }
@@ -34,13 +32,7 @@ std::vector<Message> OptionEdit::Keep(FileStore& files, const SettingsFile& sett
 void OptionEdit::Restore()
 {
     static_cast<ComputerSettings&>(state_) = before_;
-    state_.LanguageMode = languageModeBefore_;
-}
-
-Message LanguageNotSavedMessage(const FileFault& fault, const Texts& texts)
-{
-    return {.text = texts[kLanguageNotSavedText] + "\r\n" + FaultReason(fault, texts),
-            .icon = Icon::Critical};
+    language_.Restore();
 }
 
 std::string SystemLanguageCaption(const LanguageSettings& settings, const Texts& texts)

@@ -5,9 +5,9 @@
 #include "app/Texts.h"
 #include "files/FileStore.h"
 #include "files/SettingsFile.h"
+#include "options/LanguageEdit.h"
 #include "stored/DriveFolders.h"
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,9 +19,7 @@ namespace quorvane {
 class OptionEdit {
 public:
     explicit OptionEdit(ApplicationState& state)
-        : state_(state),
-          before_(static_cast<const ComputerSettings&>(state)),
-          languageModeBefore_(state.LanguageMode)
+        : state_(state), before_(static_cast<const ComputerSettings&>(state)), language_(state)
     {
     }
 
@@ -42,11 +40,8 @@ private:
 
     ApplicationState& state_;
     const ComputerSettings before_;
-    const std::int16_t languageModeBefore_;
+    LanguageEdit language_;
 };
-
-/// What the operator is told when the language choice could not be written.
-[[nodiscard]] Message LanguageNotSavedMessage(const FileFault& fault, const Texts& texts);
 
 /// "System's own language (Japanese)": with the language that the texts have then.
 [[nodiscard]] std::string SystemLanguageCaption(const LanguageSettings& settings, const Texts& texts);
