@@ -1,12 +1,8 @@
 #include "graph/FrmGraphSetting.h"
 
-#include <QApplication>
+#include "tests/support/DialogWorld.h"
+
 #include <QCheckBox>
-#include <QPushButton>
-#include <QTest>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <optional>
 #include <set>
 
 namespace quorvane {
@@ -15,50 +11,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct FrmGraphSettingTest : testing::Test {
-    void Open()
-    {
-        messages.clear();
-        dialog.emplace(
-            flags, texts,
-            [this](const Message& message) {
-                EXPECT_EQ(message.titleId, 101);
-                EXPECT_EQ(message.buttons, Buttons::Ok);
-                EXPECT_TRUE(dialog->isVisible());
-                dialog->close(); // the system may ask so at any time
-                messages.push_back(message.text);
-            },
-            nullptr);
-        dialog->show();
-        dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&*dialog));
-    }
-    QCheckBox* Box(int number)
-    {
-        return dialog->findChild<QCheckBox*>(QStringLiteral("Check%1").arg(number));
-    }
+struct FrmGraphSettingTest : DialogWorld<FrmGraphSetting> {
+    void Open() { Show(texts, Teller()); }
+    QCheckBox* Box(int number) const { return Part<QCheckBox>(("Check" + std::to_string(number)).c_str()); }
     void Click(int number)
     {
-        QCheckBox* const box = Box(number);
-        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+        DialogWorld::Click(("Check" + std::to_string(number)).c_str());
         QApplication::processEvents();
-    }
-    void Press(Qt::Key key)
-    {
-        QTest::keyClick(dialog->focusWidget(), key);
-        QApplication::processEvents();
-    }
-    enum class Way { Ok, Cancel, Escape, CloseBox };
-    void Leave(Way way)
-    {
-        if (way == Way::Escape)
-            Press(Qt::Key_Escape);
-        else if (way == Way::CloseBox)
-            dialog->close();
-        else
-            QTest::mouseClick(
-                dialog->findChild<QPushButton*>(QLatin1String(way == Way::Ok ? "Command1" : "Command2")),
-                Qt::LeftButton);
     }
     std::set<int> Numbers(bool (QCheckBox::*has)() const)
     {
@@ -71,12 +30,7 @@ struct FrmGraphSettingTest : testing::Test {
     std::set<int> Checked() { return Numbers(&QCheckBox::isChecked); }
     std::set<int> Enabled() { return Numbers(&QCheckBox::isEnabled); }
 
-    GraphFlags flags;
-    ProgramPlace place;
-    StringTable table{TableLanguage::English};
-    Texts texts{table, place};
-    std::vector<std::string> messages;
-    std::optional<FrmGraphSetting> dialog;
+    GraphFlags& flags = state;
 };
 
 const std::set<int> kAll = {1, 2, 3, 4, 5, 6, 7, 8, 9};
@@ -189,7 +143,7 @@ TEST_F(FrmGraphSettingTest, DoesNotCloseWithoutACurveNotEvenByCancel)
         Open();
         Click(5);
         Click(7); // a line is no curve
-        Leave(way);
+        TryToLeave(way);
         EXPECT_THAT(messages, ElementsAre(kNoGraph));
         EXPECT_TRUE(dialog->isVisible());
         EXPECT_THAT(Checked(), ElementsAre(7));
