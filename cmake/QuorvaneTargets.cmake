@@ -28,7 +28,6 @@ if(QUORVANE_SANITIZE)
 endif()
 if(WIN32)
   target_compile_definitions(quorvane_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
-  target_link_options(quorvane_options INTERFACE -static)
 endif()
 
 # A library whose sources are added by the folders.
@@ -37,8 +36,11 @@ function(quorvane_library name)
   target_link_libraries(${name} PUBLIC quorvane_options)
 endfunction()
 
-# A program from the given sources.
+# A program from the given sources. On Windows it carries the compiler's libraries and wants nothing beside it.
 function(quorvane_program name)
   add_executable(${name} ${ARGN})
   target_link_libraries(${name} PRIVATE quorvane_options)
+  if(WIN32)
+    target_link_options(${name} PRIVATE -static)
+  endif()
 endfunction()
