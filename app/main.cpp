@@ -28,6 +28,7 @@ devices of COM1 to COM15 on Linux.
 
 void Print(std::FILE* stream, const std::string& text)
 {
+    WriteToStartersConsole();
     static_cast<void>(std::fwrite(text.data(), 1, text.size(), stream));
 }
 

@@ -57,6 +57,10 @@ struct Platform {
 /// nothing
 [[nodiscard]] std::optional<std::string> EnvironmentText(const std::string& name);
 
+/// A program with windows that was started from a console can write to it from here on; a standard stream that
+/// leads somewhere already stays as it is.
+void WriteToStartersConsole();
+
 [[nodiscard]] bool StandardErrorIsTerminal();
 
 enum class StandardStream { Output, Error };

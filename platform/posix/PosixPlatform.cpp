@@ -128,6 +128,8 @@ std::size_t WriteWithoutWaiting(StandardStream stream, std::string_view text)
     return takesNothingNow ? 0 : text.size(); // a reader who has gone away does not matter
 }
 
+void WriteToStartersConsole() {} // it always can
+
 bool StandardErrorIsTerminal()
 {
     return ::isatty(STDERR_FILENO) == 1;

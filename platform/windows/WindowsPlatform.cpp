@@ -14,6 +14,7 @@
 #include "platform/windows/WindowsSerialControl.h"
 #include "platform/windows/WindowsSystemInfo.h"
 
+#include <cstdio>
 #include <shellapi.h>
 #include <shlobj.h>
 #include <windows.h>
@@ -118,6 +119,19 @@ std::size_t WriteWithoutWaiting(StandardStream stream, std::string_view text)
     if (!::WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &count, nullptr))
         return text.size(); // a reader who has gone away does not matter
     return count;
+}
+
+void WriteToStartersConsole()
+{
+    const bool outputLeadsNowhere = ::GetStdHandle(STD_OUTPUT_HANDLE) == nullptr;
+    const bool errorLeadsNowhere = ::GetStdHandle(STD_ERROR_HANDLE) == nullptr;
+    if ((!outputLeadsNowhere && !errorLeadsNowhere) || !::AttachConsole(ATTACH_PARENT_PROCESS))
+        return;
+    if (outputLeadsNowhere)
+        static_cast<void>(std::freopen("CONOUT$", "w", stdout));
+    if (errorLeadsNowhere)
+        static_cast<void>(std::freopen("CONOUT$", "w", stderr));
+    PrepareConsole();
 }
 
 bool StandardErrorIsTerminal()
