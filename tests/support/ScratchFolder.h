@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <system_error>
@@ -13,10 +13,14 @@ namespace quorvane {
 /// A folder that is removed with the object.
 class ScratchFolder {
 public:
-    ScratchFolder() : path_((std::filesystem::temp_directory_path() / "quorvane-test-XXXXXX").string())
+    ScratchFolder()
+        : path_((std::filesystem::temp_directory_path() /
+                 ("quorvane-test-" + std::to_string(std::random_device()())))
+                    .string())
     {
-        if (mkdtemp(path_.data()) == nullptr)
+        if (!std::filesystem::create_directory(path_))
             throw std::runtime_error("no scratch folder");
+        std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
     }
     ~ScratchFolder()
     {
