@@ -57,6 +57,19 @@ void AppendField(std::string& out, char letter, std::size_t run, const Fields& f
     }
 }
 
+/// Apostrophes, `run` in a row: one begins or ends words that are copied, two among the words stand for one.
+void AppendApostrophes(std::string& out, std::size_t run, bool& quoted)
+{
+    for (std::size_t i = 0; i < run; ++i) {
+        if (quoted && i + 1 < run) {
+            out += '\'';
+            ++i;
+        } else {
+            quoted = !quoted;
+        }
+    }
+}
+
 } // namespace
 
 std::string TextInPattern(LocalMoment moment, std::string_view pattern, const LocaleItems& locale)
@@ -68,7 +81,7 @@ std::string TextInPattern(LocalMoment moment, std::string_view pattern, const Lo
         const char letter = pattern[0];
         const std::size_t run = std::min(pattern.find_first_not_of(letter), pattern.size());
         if (letter == '\'')
-            quoted = quoted != (run % 2 == 1);
+            AppendApostrophes(text, run, quoted);
         else if (quoted)
             text.append(run, letter);
         else

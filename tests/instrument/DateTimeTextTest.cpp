@@ -29,6 +29,7 @@ TEST(DateTimeText, FollowsTheRegionalPatterns)
         {"two digits of the year", "dd-MM-yy", "HH", kLate, "31-12-09 13"},
         {"one digit of the year", "d/M/y", "HH", kLate, "31/12/9 13"},
         {"words between apostrophes", "d.M. 'day'", "HH'h'mm'm'", kLate, "31.12. day 13h45m"},
+        {"an apostrophe among words", "d \'\'M", "h 'o''clock'", kLate, "31 12 1 o'clock"},
         {"before 1970", "yyyy-MM-dd", "HH:mm", local_days{1969y / 7 / 20} + 23h + 59min, "1969-07-20 23:59"},
         {"12 hours in the morning", "d", "h:mm:ss tt", kEarly, "5 9:04:07 vorm."},
         {"12 hours in the afternoon, sign first", "d", "tt hh:mm", kLate, "31 nachm. 01:45"},
