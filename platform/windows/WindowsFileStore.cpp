@@ -2,6 +2,7 @@
 
 #include "platform/windows/Handle.h"
 #include "platform/windows/SystemFault.h"
+#include "platform/windows/WidePath.h"
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
@@ -79,6 +80,8 @@ std::wstring FolderOf(const std::wstring& path)
 /// Asks whether there is a file that may be written, and lets go of it again.
 Fault CheckTarget(const std::wstring& target)
 {
+    if (target.empty()) // the file beside it would land in the current folder
+        return FaultOf(ERROR_PATH_NOT_FOUND);
     Handle old;
     Fault fault = OpenDiskFile(target, GENERIC_WRITE, OPEN_EXISTING, old);
     return fault && fault->kind != FileFaultKind::NotFound ? fault : Fault{};
@@ -142,13 +145,13 @@ private:
 
 bool WindowsFileStore::Exists(const std::string& path) const
 {
-    return ::GetFileAttributesW(Wide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return ::GetFileAttributesW(WidePath(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 std::optional<std::uintmax_t> WindowsFileStore::Size(const std::string& path) const
 {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!::GetFileAttributesExW(Wide(path).c_str(), GetFileExInfoStandard, &data) ||
+    if (!::GetFileAttributesExW(WidePath(path).c_str(), GetFileExInfoStandard, &data) ||
         (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
         return std::nullopt;
     return static_cast<std::uintmax_t>(data.nFileSizeHigh) << 32U | data.nFileSizeLow;
@@ -158,7 +161,7 @@ Fault WindowsFileStore::ReadWhole(const std::string& path, std::string& bytes) c
 {
     bytes.clear();
     Handle file;
-    if (Fault fault = OpenDiskFile(Wide(path), GENERIC_READ, OPEN_EXISTING, file))
+    if (Fault fault = OpenDiskFile(WidePath(path), GENERIC_READ, OPEN_EXISTING, file))
         return fault;
     std::array<char, 65536> block;
     for (;;) {
@@ -181,7 +184,7 @@ Fault WindowsFileStore::ReadWhole(const std::string& path, std::string& bytes) c
 Fault WindowsFileStore::Append(const std::string& path, std::string_view bytes)
 {
     Handle file;
-    if (Fault fault = OpenDiskFile(Wide(path), FILE_APPEND_DATA, OPEN_ALWAYS, file))
+    if (Fault fault = OpenDiskFile(WidePath(path), FILE_APPEND_DATA, OPEN_ALWAYS, file))
         return fault;
     if (Fault fault = WriteAll(file, bytes))
         return fault;
@@ -190,7 +193,7 @@ Fault WindowsFileStore::Append(const std::string& path, std::string_view bytes)
 
 Fault WindowsFileStore::CheckReplace(const std::string& path) const
 {
-    const std::wstring target = Followed(Wide(path));
+    const std::wstring target = Followed(WidePath(path));
     if (Fault fault = CheckTarget(target))
         return fault;
     TemporaryFile beside; // the system's rules of permission are best asked by trying
@@ -199,7 +202,7 @@ Fault WindowsFileStore::CheckReplace(const std::string& path) const
 
 Fault WindowsFileStore::Replace(const std::string& path, std::string_view bytes)
 {
-    const std::wstring target = Followed(Wide(path));
+    const std::wstring target = Followed(WidePath(path));
     if (Fault fault = CheckTarget(target))
         return fault;
     TemporaryFile beside;

@@ -1,7 +1,7 @@
 #include "platform/windows/WindowsFolders.h"
 
 #include "platform/windows/Handle.h"
-#include "platform/windows/WideText.h"
+#include "platform/windows/WidePath.h"
 
 namespace quorvane {
 namespace {
@@ -29,9 +29,9 @@ bool MakeWide(const std::wstring& path)
 bool WindowsFolders::CanWrite(const std::string& folder) const
 {
     constexpr int kMostNames = 1000; // left by a crash, under process numbers that come round again
-    const std::wstring stem = Wide(folder) + L"\\quorvane-" + std::to_wstring(::GetCurrentProcessId()) + L'-';
+    const std::string stem = folder + "\\quorvane-" + std::to_string(::GetCurrentProcessId()) + '-';
     for (int i = 0; i < kMostNames; ++i) {
-        const std::wstring path = stem + std::to_wstring(i) + L".tmp";
+        const std::wstring path = WidePath(stem + std::to_string(i) + ".tmp");
         const Handle file(::CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                         FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
         if (file.IsOpen())
@@ -44,7 +44,7 @@ bool WindowsFolders::CanWrite(const std::string& folder) const
 
 bool WindowsFolders::Make(const std::string& folder)
 {
-    return MakeWide(Wide(folder));
+    return MakeWide(WidePath(folder));
 }
 
 } // namespace quorvane

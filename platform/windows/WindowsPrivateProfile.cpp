@@ -1,6 +1,7 @@
 #include "platform/windows/WindowsPrivateProfile.h"
 
 #include "platform/windows/SystemFault.h"
+#include "platform/windows/WidePath.h"
 #include "platform/windows/WideText.h"
 
 #include <array>
@@ -23,6 +24,8 @@ std::wstring FullPath(const std::string& path)
 std::string WindowsPrivateProfile::ReadIniValue(std::string_view section, std::string_view key,
                                                 const std::string& path) const
 {
+    if (HasLongSign(WidePath(path)))
+        return longPaths_.ReadIniValue(section, key, path);
     std::array<wchar_t, kMostCharacters + 1> value{};
     const DWORD length =
         ::GetPrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(), L"", value.data(),
@@ -33,6 +36,8 @@ std::string WindowsPrivateProfile::ReadIniValue(std::string_view section, std::s
 std::optional<FileFault> WindowsPrivateProfile::WriteIniValue(std::string_view section, std::string_view key,
                                                               std::string_view value, const std::string& path)
 {
+    if (HasLongSign(WidePath(path)))
+        return longPaths_.WriteIniValue(section, key, value, path);
     const std::wstring file = FullPath(path);
     if (::WritePrivateProfileStringW(Wide(section).c_str(), Wide(key).c_str(), Wide(value).c_str(),
                                      file.c_str()) == FALSE)

@@ -1,10 +1,13 @@
 #pragma once
 
-#include "files/PrivateProfile.h"
+#include "files/FileProfile.h"
+#include "platform/windows/WindowsCodePage.h"
+#include "platform/windows/WindowsFileStore.h"
 
 namespace quorvane {
 
-/// Private-profile files by the system's own calls.
+/// Private-profile files by the system's own calls, and, below paths that are too long for those, by this
+/// program's.
 class WindowsPrivateProfile final : public PrivateProfile {
 public:
     [[nodiscard]] std::string ReadIniValue(std::string_view section, std::string_view key,
@@ -12,6 +15,11 @@ public:
     [[nodiscard]] std::optional<FileFault> WriteIniValue(std::string_view section, std::string_view key,
                                                          std::string_view value,
                                                          const std::string& path) override;
+
+private:
+    WindowsFileStore files_;
+    WindowsCodePage codePage_;
+    FileProfile longPaths_{files_, codePage_};
 };
 
 } // namespace quorvane
