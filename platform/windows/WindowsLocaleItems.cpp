@@ -7,6 +7,8 @@
 namespace quorvane {
 namespace {
 
+static_assert(LOCALE_NAME_USER_DEFAULT == nullptr);
+
 std::string Item(const wchar_t* localeName, LCTYPE item, const char* fallback)
 {
     const int length = ::GetLocaleInfoEx(localeName, item, nullptr, 0);
@@ -22,57 +24,57 @@ std::string Item(const wchar_t* localeName, LCTYPE item, const char* fallback)
 
 std::string WindowsLocaleItems::DecimalSign() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, ".");
+    return Item(region_, LOCALE_SDECIMAL, ".");
 }
 
 std::string WindowsLocaleItems::ShortDateFormat() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_SSHORTDATE, "yyyy/MM/dd");
+    return Item(region_, LOCALE_SSHORTDATE, "yyyy/MM/dd");
 }
 
 std::string WindowsLocaleItems::TimeFormat() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_STIMEFORMAT, "HH:mm:ss");
+    return Item(region_, LOCALE_STIMEFORMAT, "HH:mm:ss");
 }
 
 std::string WindowsLocaleItems::DateSeparator() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_SDATE, "/");
+    return Item(region_, LOCALE_SDATE, "/");
 }
 
 std::string WindowsLocaleItems::TimeSeparator() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_STIME, ":");
+    return Item(region_, LOCALE_STIME, ":");
 }
 
 std::string WindowsLocaleItems::Century() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_ICENTURY, "1");
+    return Item(region_, LOCALE_ICENTURY, "1");
 }
 
 std::string WindowsLocaleItems::HourLeadingZero() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_ITLZERO, "1");
+    return Item(region_, LOCALE_ITLZERO, "1");
 }
 
 std::string WindowsLocaleItems::MonthLeadingZero() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_IMONLZERO, "1");
+    return Item(region_, LOCALE_IMONLZERO, "1");
 }
 
 std::string WindowsLocaleItems::DayLeadingZero() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_IDAYLZERO, "1");
+    return Item(region_, LOCALE_IDAYLZERO, "1");
 }
 
 std::string WindowsLocaleItems::MorningSign() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_S1159, "AM");
+    return Item(region_, LOCALE_S1159, "AM");
 }
 
 std::string WindowsLocaleItems::AfternoonSign() const
 {
-    return Item(LOCALE_NAME_USER_DEFAULT, LOCALE_S2359, "PM");
+    return Item(region_, LOCALE_S2359, "PM");
 }
 
 std::string WindowsLocaleItems::SystemLanguageName() const

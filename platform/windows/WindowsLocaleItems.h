@@ -4,9 +4,12 @@
 
 namespace quorvane {
 
-/// The regional settings of the user, with what was changed in them by hand.
+/// The regional settings of the user, with what was changed in them by hand, or those of a named region.
 class WindowsLocaleItems final : public LocaleItems {
 public:
+    /// @param region  "de-DE"; must stay as long as the object; none for the user's
+    explicit WindowsLocaleItems(const wchar_t* region = nullptr) : region_(region) {}
+
     [[nodiscard]] std::string DecimalSign() const override;
     [[nodiscard]] std::string ShortDateFormat() const override;
     [[nodiscard]] std::string TimeFormat() const override;
@@ -19,6 +22,9 @@ public:
     [[nodiscard]] std::string MorningSign() const override;
     [[nodiscard]] std::string AfternoonSign() const override;
     [[nodiscard]] std::string SystemLanguageName() const override;
+
+private:
+    const wchar_t* region_;
 };
 
 } // namespace quorvane

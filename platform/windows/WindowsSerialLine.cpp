@@ -79,15 +79,8 @@ std::optional<PortFault> OpenLine(const std::string& path, Handle& line)
     return std::nullopt;
 }
 
-std::optional<PortFault> ApplyLineSettings(const Handle& line, const LineSettings& settings,
-                                           std::size_t outBufferSize)
+void SetMode(DCB& mode, const LineSettings& settings)
 {
-    DCB mode{};
-    mode.DCBlength = sizeof mode;
-    if (!::SetupComm(line.Get(), static_cast<DWORD>(settings.inBufferSize),
-                     static_cast<DWORD>(outBufferSize)) ||
-        !::GetCommState(line.Get(), &mode))
-        return FaultOf(::GetLastError());
     mode.fBinary = TRUE;
     mode.fOutxDsrFlow = FALSE;
     mode.fDsrSensitivity = FALSE;
@@ -97,6 +90,18 @@ std::optional<PortFault> ApplyLineSettings(const Handle& line, const LineSetting
     mode.fAbortOnError = FALSE; // a parity error must not stop all reading and writing
     SetFrame(mode, settings);
     SetHandshaking(mode, settings);
+}
+
+std::optional<PortFault> ApplyLineSettings(const Handle& line, const LineSettings& settings,
+                                           std::size_t outBufferSize)
+{
+    DCB mode{};
+    mode.DCBlength = sizeof mode;
+    if (!::SetupComm(line.Get(), static_cast<DWORD>(settings.inBufferSize),
+                     static_cast<DWORD>(outBufferSize)) ||
+        !::GetCommState(line.Get(), &mode))
+        return FaultOf(::GetLastError());
+    SetMode(mode, settings);
     if (!::SetCommState(line.Get(), &mode))
         return PortFault{PortFaultKind::Unsupported, ReasonOf(::GetLastError())};
     COMMTIMEOUTS atOnce{};

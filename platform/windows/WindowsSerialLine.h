@@ -13,6 +13,9 @@ namespace quorvane {
 /// @return why it cannot be used as a serial line, or nothing
 [[nodiscard]] std::optional<PortFault> OpenLine(const std::string& path, Handle& line);
 
+/// Writes `settings` into the system's record of a line, whatever was in it.
+void SetMode(DCB& mode, const LineSettings& settings);
+
 /// Sets an open line as `settings` say, and its reads to return at once.
 /// @return why the system or the device does not take these settings, or nothing
 [[nodiscard]] std::optional<PortFault> ApplyLineSettings(const Handle& line, const LineSettings& settings,

@@ -1,9 +1,7 @@
+#include "files/AppFiles.h"
 #include "platform/Platform.h"
-#include "tests/support/ScopedEnvironment.h"
 
-#include <cerrno>
 #include <ctime>
-#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace quorvane {
@@ -11,46 +9,24 @@ namespace {
 
 TEST(Platform, FindsTheFolderOfTheProgram)
 {
-    EXPECT_TRUE(std::filesystem::exists(ProgramFolder() + '/' + program_invocation_short_name));
+    EXPECT_TRUE(std::filesystem::exists(PathFromUtf8(FileInFolder(ProgramFolder(), QUORVANE_TEST_PROGRAM))));
 }
 
 TEST(LocalClock, ShowsTheTimeOfTheZone)
 {
-    const ScopedEnvironment zone("TZ", "XST-5:45"); // 5 h 45 min ahead
-    ::tzset();
-    const auto before = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-    const LocalMoment shown = MakePlatform().clock->Now();
-    const auto after = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-    constexpr std::int64_t kAhead = 5 * 3600 + 45 * 60;
-    EXPECT_GE(shown.time_since_epoch().count(), before + kAhead - 1); // the two clocks may round apart
-    EXPECT_LE(shown.time_since_epoch().count(), after + kAhead);
-}
-
-TEST(PortNames, EachNumberHasItsDeviceUnlessAVariableNamesAnother)
-{
-    const ScopedEnvironment three("QUORVANE_COM3", "/dev/pts/7");
-    const ScopedEnvironment four("QUORVANE_COM4", "");
-    const ScopedEnvironment fifteen("QUORVANE_COM15", "/dev/serial/by-id/meter");
-    const ScopedEnvironment sixteen("QUORVANE_COM16", "/dev/pts/8");
-    struct Row {
-        int number;
-        std::string_view path;
+    const auto clock = MakePlatform().clock;
+    const auto minuteOf = [](std::time_t time) {
+        const std::tm local = *std::localtime(&time);
+        return local.tm_mday * 1440 + local.tm_hour * 60 + local.tm_min;
     };
-    const Row rows[] = {
-        {1, "/dev/ttyS0"},
-        {3, "/dev/pts/7"},
-        {4, "/dev/ttyS3"},
-        {9, "/dev/ttyUSB4"},
-        {10, "/dev/ttyACM0"},
-        {15, "/dev/serial/by-id/meter"},
-        {16, ""},
-    };
-    const Platform platform = MakePlatform();
-    for (const Row& row : rows)
-        EXPECT_EQ(platform.portNames->Device(row.number).value_or(PortDevice{}).path, row.path) << row.number;
-    EXPECT_EQ(EnvironmentText("QUORVANE_COM4"), "") << "empty is not absent";
-    const ScopedEnvironment none("QUORVANE_COM15", std::nullopt);
-    EXPECT_FALSE(platform.portNames->Device(15));
+    const int before = minuteOf(std::time(nullptr));
+    const LocalMoment now = clock->Now();
+    const int after = minuteOf(std::time(nullptr));
+    const auto day = std::chrono::floor<std::chrono::days>(now);
+    const auto date = std::chrono::year_month_day(day);
+    const int shown = static_cast<int>(static_cast<unsigned>(date.day())) * 1440 +
+                      static_cast<int>(std::chrono::floor<std::chrono::minutes>(now - day).count());
+    EXPECT_TRUE(shown == before || shown == after) << before << ' ' << shown << ' ' << after;
 }
 
 } // namespace

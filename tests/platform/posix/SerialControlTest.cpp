@@ -1,6 +1,6 @@
 #include "platform/posix/PosixPortProbe.h"
 #include "platform/posix/PosixSerialControl.h"
-#include "tests/platform/TerminalPair.h"
+#include "tests/platform/posix/TerminalPair.h"
 #include "tests/support/ScratchFolder.h"
 
 #include <cstring>

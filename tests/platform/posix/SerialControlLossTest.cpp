@@ -1,5 +1,5 @@
 #include "platform/posix/PosixSerialControl.h"
-#include "tests/platform/TerminalPair.h"
+#include "tests/platform/posix/TerminalPair.h"
 
 #include <algorithm>
 #include <filesystem>

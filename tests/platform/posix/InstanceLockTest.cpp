@@ -1,5 +1,5 @@
 #include "platform/posix/PosixInstanceLock.h"
-#include "tests/platform/OrdinaryUser.h"
+#include "tests/platform/posix/OrdinaryUser.h"
 #include "tests/support/ScopedEnvironment.h"
 #include "tests/support/ScratchFolder.h"
 
