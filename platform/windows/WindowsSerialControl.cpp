@@ -55,6 +55,7 @@ void WindowsSerialControl::CloseLine()
 {
     ::CancelIoEx(line_.Get(), nullptr);
     ::PurgeComm(line_.Get(), PURGE_TXABORT | PURGE_RXABORT | PURGE_TXCLEAR | PURGE_RXCLEAR);
+    EndHandshaking(line_);
     const bool stuck =
         write_->underWay && ::WaitForSingleObject(write_->event.Get(), kCancelWaitMs) != WAIT_OBJECT_0;
     if (stuck)
@@ -73,7 +74,9 @@ int WindowsSerialControl::InBufferCount()
 void WindowsSerialControl::ClearInBuffer()
 {
     in_.Clear();
-    if (IsOpen() && !::PurgeComm(line_.Get(), PURGE_RXCLEAR))
+    // Not every driver notices in the first of them that its device has gone.
+    if (IsOpen() &&
+        !(::PurgeComm(line_.Get(), PURGE_RXCLEAR) && ::ClearCommError(line_.Get(), nullptr, nullptr)))
         CloseLine();
 }
 

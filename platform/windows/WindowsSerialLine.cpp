@@ -111,4 +111,17 @@ std::optional<PortFault> ApplyLineSettings(const Handle& line, const LineSetting
     return std::nullopt;
 }
 
+void EndHandshaking(const Handle& line)
+{
+    DCB mode{};
+    mode.DCBlength = sizeof mode;
+    if (!::GetCommState(line.Get(), &mode))
+        return;
+    mode.fOutX = FALSE;
+    mode.fInX = FALSE;
+    mode.fOutxCtsFlow = FALSE;
+    mode.fRtsControl = RTS_CONTROL_ENABLE;
+    ::SetCommState(line.Get(), &mode);
+}
+
 } // namespace quorvane

@@ -21,4 +21,8 @@ void SetMode(DCB& mode, const LineSettings& settings);
 [[nodiscard]] std::optional<PortFault> ApplyLineSettings(const Handle& line, const LineSettings& settings,
                                                          std::size_t outBufferSize);
 
+/// Takes the handshaking off an open line, so that what held it back holds back nobody who opens it next. A
+/// line that is gone stays as it is.
+void EndHandshaking(const Handle& line);
+
 } // namespace quorvane

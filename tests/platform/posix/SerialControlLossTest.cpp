@@ -1,5 +1,5 @@
-#include "platform/posix/PosixSerialControl.h"
 #include "tests/platform/posix/TerminalPair.h"
+#include "tests/platform/posix/TriedSerial.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -20,13 +20,12 @@ std::ptrdiff_t OpenDescriptors()
 
 struct SerialControlLoss : testing::Test {
     TerminalPair line;
-    PosixSerialControl control;
+    TriedControl control;
 };
 using SerialControlHeldBack = SerialControlLoss;
 
 TEST_F(SerialControlLoss, WhatHadComeCanStillBeRead)
 {
-    const std::ptrdiff_t before = OpenDescriptors();
     ASSERT_FALSE(control.Open(line.Device(), {}));
     line.Write("09:30:01;0000");
     ASSERT_EQ(AwaitCount(control, 13), 13);
@@ -35,7 +34,6 @@ TEST_F(SerialControlLoss, WhatHadComeCanStillBeRead)
     EXPECT_TRUE(control.IsOpen()) << "nobody has looked yet";
     EXPECT_EQ(control.InBufferCount(), 13);
     EXPECT_FALSE(control.IsOpen());
-    EXPECT_EQ(OpenDescriptors(), before - 1) << "the line is closed, and the test's end is";
     EXPECT_FALSE(control.Output("N\r\n"));
     control.SetInputLen(9);
     EXPECT_EQ(control.Input(), "09:30:01;");
@@ -48,21 +46,31 @@ TEST_F(SerialControlLoss, WhatHadComeCanStillBeRead)
     EXPECT_EQ(other.Read(3), "N\r\n");
 }
 
+TEST_F(SerialControlLoss, GivesTheDescriptorBack)
+{
+    const std::ptrdiff_t before = OpenDescriptors();
+    ASSERT_FALSE(control.Open(line.Device(), {}));
+    EXPECT_EQ(OpenDescriptors(), before + 1);
+    line.HangUp();
+    EXPECT_EQ(control.InBufferCount(), 0);
+    EXPECT_EQ(OpenDescriptors(), before - 1) << "the line is closed, and the test's end is";
+}
+
 TEST(SerialControlLosses, AreNoticedByEachCallThatTouchesTheLine)
 {
     struct Row {
         std::string_view what;
-        void (*act)(PosixSerialControl&);
+        void (*act)(TriedControl&);
     };
     const Row rows[] = {
-        {"count", [](PosixSerialControl& control) { EXPECT_EQ(control.InBufferCount(), 0); }},
-        {"read", [](PosixSerialControl& control) { EXPECT_EQ(control.Input(), ""); }},
-        {"write", [](PosixSerialControl& control) { EXPECT_FALSE(control.Output("N\r\n")); }},
-        {"clear", [](PosixSerialControl& control) { control.ClearInBuffer(); }},
+        {"count", [](TriedControl& control) { EXPECT_EQ(control.InBufferCount(), 0); }},
+        {"read", [](TriedControl& control) { EXPECT_EQ(control.Input(), ""); }},
+        {"write", [](TriedControl& control) { EXPECT_FALSE(control.Output("N\r\n")); }},
+        {"clear", [](TriedControl& control) { control.ClearInBuffer(); }},
     };
     for (const Row& row : rows) {
         TerminalPair line;
-        PosixSerialControl control;
+        TriedControl control;
         ASSERT_FALSE(control.Open(line.Device(), {})) << row.what;
         line.HangUp();
         row.act(control);
@@ -95,13 +103,13 @@ TEST_F(SerialControlHeldBack, OutputEndsByRefusingAndLosesNothingItTook)
     ASSERT_TRUE(refused) << "the other side reads nothing, and the queue is bounded";
     EXPECT_TRUE(control.IsOpen()) << "held back is not lost";
 
-    std::string read = line.Read(taken.size() - PosixSerialControl::kOutCapacity);
+    std::string read = line.Read(taken.size() - kOutCapacity);
     for (int i = 0; i < 100 && read.size() < taken.size(); ++i) {
         EXPECT_EQ(control.InBufferCount(), 0); // sends on
         read += line.Read(std::min<std::size_t>(100, taken.size() - read.size()));
     }
     EXPECT_TRUE(read == taken);
-    EXPECT_FALSE(control.Output(std::string(PosixSerialControl::kOutCapacity + 1, 'x'))) << "is not begun";
+    EXPECT_FALSE(control.Output(std::string(kOutCapacity + 1, 'x'))) << "is not begun";
     EXPECT_TRUE(control.Output("N\r\n"));
     EXPECT_EQ(line.Read(3), "N\r\n");
 }
@@ -112,7 +120,7 @@ TEST_F(SerialControlHeldBack, XoffHoldsBackAndXonReleases)
     line.Write(std::string(1, kXoff) + "held");
     ASSERT_EQ(AwaitCount(control, 4), 4);
     EXPECT_EQ(control.Input(), "held") << "the character itself is not data";
-    const std::string text = NumberedText(PosixSerialControl::kOutCapacity);
+    const std::string text = NumberedText(kOutCapacity);
     EXPECT_TRUE(control.Output(text));
     EXPECT_FALSE(control.Output("N\r\n")) << "the queue is full";
     line.Write(std::string(1, kXon) + "on");
