@@ -1,0 +1,35 @@
+#include "platform/windows/WindowsSystemInfo.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+namespace quorvane {
+namespace {
+
+TEST(WindowsSystemInfo, KnowsTheVersion)
+{
+    const WindowsSystemInfo system;
+    const auto basic = system.Version();
+    const auto extended = system.VersionWithProduct();
+    ASSERT_TRUE(basic && extended);
+    const DWORD asked = ::GetVersion(); // major and minor version in its lowest two bytes
+    EXPECT_EQ(basic->majorVersion, asked & 0xFFU);
+    EXPECT_EQ(basic->minorVersion, asked >> 8U & 0xFFU);
+    EXPECT_EQ(basic->platformId, 2U);
+    EXPECT_EQ(basic->servicePack.size(), 128U) << "as it stands in the record";
+    EXPECT_EQ(extended->majorVersion, basic->majorVersion);
+    EXPECT_EQ(extended->minorVersion, basic->minorVersion);
+    EXPECT_TRUE(extended->productType >= 1 && extended->productType <= 3) << int{extended->productType};
+}
+
+TEST(WindowsSystemInfo, KnowsTheProcessors)
+{
+    const auto processors = WindowsSystemInfo().Processors();
+    ASSERT_FALSE(processors.empty());
+    EXPECT_NE(processors[0].name, "");
+    EXPECT_NE(processors[0].manufacturer, "");
+    EXPECT_GT(processors[0].maxClockSpeed, 0);
+}
+
+} // namespace
+} // namespace quorvane
