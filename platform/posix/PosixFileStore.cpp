@@ -214,6 +214,8 @@ Fault PosixFileStore::ReadWhole(const std::string& path, std::string& bytes) con
     struct stat status {};
     if (Fault fault = OpenRegular(path, O_RDONLY, file, status))
         return fault;
+    if (static_cast<std::uintmax_t>(status.st_size) > kLargestFile)
+        return FaultOf(EFBIG);
     std::array<char, 65536> block;
     for (;;) {
         const ssize_t count = ::read(file.Get(), block.data(), block.size());
@@ -221,7 +223,7 @@ Fault PosixFileStore::ReadWhole(const std::string& path, std::string& bytes) con
             return std::nullopt;
         if (count > 0) {
             bytes.append(block.data(), static_cast<std::size_t>(count));
-            if (bytes.size() > kLargestFile) {
+            if (bytes.size() > kLargestFile) { // the kernel's own files do not tell their size
                 bytes.clear();
                 return FaultOf(EFBIG);
             }

@@ -163,6 +163,11 @@ Fault WindowsFileStore::ReadWhole(const std::string& path, std::string& bytes) c
     Handle file;
     if (Fault fault = OpenDiskFile(WidePath(path), GENERIC_READ, OPEN_EXISTING, file))
         return fault;
+    LARGE_INTEGER size{};
+    if (!::GetFileSizeEx(file.Get(), &size))
+        return LastFault();
+    if (static_cast<std::uint64_t>(size.QuadPart) > kLargestFile)
+        return FaultOf(ERROR_FILE_TOO_LARGE);
     std::array<char, 65536> block;
     for (;;) {
         DWORD count = 0;
@@ -174,10 +179,6 @@ Fault WindowsFileStore::ReadWhole(const std::string& path, std::string& bytes) c
         if (count == 0)
             return std::nullopt;
         bytes.append(block.data(), count);
-        if (bytes.size() > kLargestFile) {
-            bytes.clear();
-            return FaultOf(ERROR_FILE_TOO_LARGE);
-        }
     }
 }
 
