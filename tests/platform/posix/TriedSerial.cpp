@@ -42,6 +42,7 @@ public:
         }
         ::close(ends[1]);
         channel_ = ends[0];
+        Ask("0 is-open"); // its Windows, which makes the folder of the ports, is there now
     }
     ~Servant()
     {
@@ -78,6 +79,7 @@ Servant& TheServant()
 /// Lets the COM port lead to `device`, as long as it is not opened by another name. @return its device
 std::string ComPortOf(const PortDevice& device)
 {
+    TheServant();
     const std::string number = Variable("QUORVANE_WINDOWS_PORT");
     const std::filesystem::path link = Variable("QUORVANE_WINE") + "/ports/com" + number;
     std::filesystem::remove(link);

@@ -105,6 +105,9 @@ TEST(DateTimeText, IsTheSystemsInEveryRegion)
         if (!HasFigures(region, items.ShortDateFormat()))
             continue;
         tried.push_back(region);
+        const std::string date = items.ShortDateFormat();
+        EXPECT_EQ(items.DayLeadingZero() == "1", date.find("dd") != std::string::npos) << Utf8(region);
+        EXPECT_EQ(items.MonthLeadingZero() == "1", date.find("MM") != std::string::npos) << Utf8(region);
         for (const SYSTEMTIME& moment : kMoments)
             EXPECT_EQ(OwnText(items, moment), SystemText(region.c_str(), moment)) << Utf8(region);
     }

@@ -37,6 +37,16 @@ TEST_F(WindowsPrivateProfileTest, TheRowsAreTrueOfTheCallsForBytesToo)
     }
 }
 
+TEST_F(WindowsPrivateProfileTest, ABareNameIsInTheCurrentFolder)
+{
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.Path());
+    EXPECT_FALSE(profile.WriteIniValue("S", "k", "v", "program.ini")) << "not in the system's";
+    EXPECT_EQ(profile.ReadIniValue("S", "k", "program.ini"), "v");
+    std::filesystem::current_path(before);
+    EXPECT_NE(FileBytes(path), "");
+}
+
 TEST_F(WindowsPrivateProfileTest, FilesAreInTheUsersCodePage)
 {
     EXPECT_FALSE(profile.WriteIniValue("S", "k", "M\u00e4r", path));
