@@ -1,5 +1,8 @@
 #include "cli/Console.h"
 
+#include "app/EventPump.h"
+
+#include <thread>
 #include <utility>
 
 namespace quorvane {
@@ -63,6 +66,12 @@ bool Console::Flush()
     const bool errorIsOut = Send(StandardStream::Error, error_);
     const bool outputIsOut = Send(StandardStream::Output, output_);
     return errorIsOut && outputIsOut;
+}
+
+void Console::FlushAll()
+{
+    while (!Flush())
+        std::this_thread::sleep_for(kNap);
 }
 
 void Console::HideProgress()

@@ -30,6 +30,8 @@ public:
     void SetProgress(std::string line);
     /// Writes what the streams take now. @return whether everything is out
     bool Flush();
+    /// Waits until everything is out.
+    void FlushAll();
 
 private:
     void HideProgress();

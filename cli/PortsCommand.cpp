@@ -1,6 +1,5 @@
 #include "cli/PortsCommand.h"
 
-#include "app/EventPump.h"
 #include "app/ExitStatus.h"
 #include "cli/CommandWorld.h"
 #include "resources/OwnTexts.h"
@@ -9,7 +8,6 @@
 
 #include <algorithm>
 #include <string>
-#include <thread>
 
 namespace quorvane {
 
@@ -44,8 +42,7 @@ int RunPortsCommand()
         }
         world.console.Print(line);
     }
-    while (!world.console.Flush())
-        std::this_thread::sleep_for(kNap);
+    world.console.FlushAll();
     return kExitDone;
 }
 

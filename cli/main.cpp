@@ -1,5 +1,6 @@
 #include "app/ExitStatus.h"
 #include "app/ProgramVersion.h"
+#include "cli/Console.h"
 #include "cli/MeasureCommand.h"
 #include "cli/MeasureOptions.h"
 #include "cli/PortsCommand.h"
@@ -7,7 +8,6 @@
 #include "cli/SettingOptions.h"
 #include "platform/Platform.h"
 
-#include <cstdio>
 #include <exception>
 #include <span>
 #include <string>
@@ -44,24 +44,33 @@ std::string Usage()
            "The commands check, clock, program and k-factor talk to an instrument also when the settings are "
            "for\n"
            "made-up readings. They leave the settings file as it is; Ctrl-C cancels them.\n"
-           "Exit status: 0 done (measure: saved), 1 it failed or was refused, 2 wrong usage.\n";
+           "Exit status: 0 done (measure: saved), 1 it failed or was refused, 2 wrong usage.";
 }
 
-void Print(std::FILE* stream, const std::string& text)
+int Print(const std::string& text)
 {
-    static_cast<void>(std::fwrite(text.data(), 1, text.size(), stream));
+    Console console(false);
+    console.Print(text);
+    console.FlushAll();
+    return kExitDone;
+}
+
+int Complain(const std::string& text, int status)
+{
+    Console console(false);
+    console.Say("quorvane-cli: " + text);
+    console.FlushAll();
+    return status;
 }
 
 int WrongUsage(const std::string& fault)
 {
-    Print(stderr, "quorvane-cli: " + fault + "\n\n" + Usage());
-    return kExitUsage;
+    return Complain(fault + "\n\n" + Usage(), kExitUsage);
 }
 
 int Help()
 {
-    Print(stdout, Usage());
-    return kExitDone;
+    return Print(Usage());
 }
 
 int Measure(std::span<const std::string> arguments)
@@ -98,8 +107,7 @@ int Dispatch(std::span<const std::string> arguments)
         return RunPortsCommand();
     if (command == "--help")
         return Help();
-    Print(stdout, "quorvane-cli " + VersionNumber(kProgramVersion) + "\n");
-    return kExitDone;
+    return Print("quorvane-cli " + VersionNumber(kProgramVersion));
 }
 
 } // namespace
@@ -109,7 +117,6 @@ int main(int argc, char** argv)
     try {
         return Dispatch(ProgramArguments(argc, argv));
     } catch (const std::exception& error) {
-        Print(stderr, std::string("quorvane-cli: ") + error.what() + "\n");
-        return kExitFailed;
+        return Complain(error.what(), kExitFailed);
     }
 }

@@ -66,7 +66,8 @@ void WriteToStartersConsole();
 enum class StandardStream { Output, Error };
 
 /// Writes as much of `text` as the stream takes without a wait: a pager or a stopped terminal must not hold
-/// the program. @return bytes written; all of them when nobody can read any more
+/// the program. What was not written has to be offered again first.
+/// @return bytes written; all of them when nobody can read any more
 [[nodiscard]] std::size_t WriteWithoutWaiting(StandardStream stream, std::string_view text);
 
 } // namespace quorvane

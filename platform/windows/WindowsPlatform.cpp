@@ -1,4 +1,5 @@
 #include "platform/Platform.h"
+#include "platform/windows/StreamWriter.h"
 #include "platform/windows/WideText.h"
 #include "platform/windows/WindowsCodePage.h"
 #include "platform/windows/WindowsDeviceWatch.h"
@@ -113,12 +114,10 @@ std::optional<std::string> EnvironmentText(const std::string& name)
 
 std::size_t WriteWithoutWaiting(StandardStream stream, std::string_view text)
 {
-    const HANDLE handle =
-        ::GetStdHandle(stream == StandardStream::Output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
-    DWORD count = 0;
-    if (!::WriteFile(handle, text.data(), static_cast<DWORD>(text.size()), &count, nullptr))
-        return text.size(); // a reader who has gone away does not matter
-    return count;
+    // Never destroyed: a write that nobody takes is still under way when the program ends.
+    static StreamWriter& output = *new StreamWriter(::GetStdHandle(STD_OUTPUT_HANDLE));
+    static StreamWriter& error = *new StreamWriter(::GetStdHandle(STD_ERROR_HANDLE));
+    return (stream == StandardStream::Output ? output : error).Write(text);
 }
 
 void WriteToStartersConsole()
