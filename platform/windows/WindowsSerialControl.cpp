@@ -8,7 +8,7 @@
 
 namespace quorvane {
 namespace {
-constexpr DWORD kCancelWaitMs = 200;
+constexpr DWORD kPatienceMs = 200;
 }
 
 /// A write that the system works on; its bytes stay where they are until it is done.
@@ -57,7 +57,7 @@ void WindowsSerialControl::CloseLine()
     ::PurgeComm(line_.Get(), PURGE_TXABORT | PURGE_RXABORT | PURGE_TXCLEAR | PURGE_RXCLEAR);
     EndHandshaking(line_);
     const bool stuck =
-        write_->underWay && ::WaitForSingleObject(write_->event.Get(), kCancelWaitMs) != WAIT_OBJECT_0;
+        write_->underWay && ::WaitForSingleObject(write_->event.Get(), kPatienceMs) != WAIT_OBJECT_0;
     if (stuck)
         write_.release(); // NOLINT(bugprone-unused-return-value): a driver that cancels late still uses it
     write_.reset();
@@ -127,27 +127,33 @@ void WindowsSerialControl::TakeIn()
         const std::size_t size = std::min<std::size_t>(status.cbInQue, in_.Room());
         if (size == 0)
             return;
-        if (!ReadBlock(size)) {
+        const ReadOutcome outcome = ReadBlock(size);
+        if (outcome == ReadOutcome::Lost)
             CloseLine();
+        if (outcome != ReadOutcome::Taken)
             return;
-        }
     }
 }
 
-// Never waits: no more is asked for than is known to be there.
-bool WindowsSerialControl::ReadBlock(std::size_t size)
+// No more is asked for than is known to be there, so this hardly waits. Should somebody else have taken the
+// bytes in between, the read is called off: some systems would let it wait for the next byte, whenever that
+// comes.
+WindowsSerialControl::ReadOutcome WindowsSerialControl::ReadBlock(std::size_t size)
 {
     std::array<char, 4096> bytes{};
     Transfer read;
     const auto wanted = static_cast<DWORD>(std::min(size, bytes.size()));
     if (!::ReadFile(line_.Get(), bytes.data(), wanted, nullptr, &read.overlapped) &&
         ::GetLastError() != ERROR_IO_PENDING)
-        return false;
+        return ReadOutcome::Lost;
+    if (::WaitForSingleObject(read.event.Get(), kPatienceMs) != WAIT_OBJECT_0)
+        ::CancelIoEx(line_.Get(), &read.overlapped);
     DWORD count = 0;
-    if (!::GetOverlappedResult(line_.Get(), &read.overlapped, &count, TRUE))
-        return false;
+    if (!::GetOverlappedResult(line_.Get(), &read.overlapped, &count, TRUE) &&
+        ::GetLastError() != ERROR_OPERATION_ABORTED)
+        return ReadOutcome::Lost;
     in_.Append({bytes.data(), count});
-    return count > 0;
+    return count > 0 ? ReadOutcome::Taken : ReadOutcome::Nothing;
 }
 
 void WindowsSerialControl::SendWaiting()

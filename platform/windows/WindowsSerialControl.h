@@ -34,10 +34,11 @@ public:
 
 private:
     struct Transfer;
+    enum class ReadOutcome { Taken, Nothing, Lost };
 
     void Service();
     void TakeIn();
-    [[nodiscard]] bool ReadBlock(std::size_t size);
+    [[nodiscard]] ReadOutcome ReadBlock(std::size_t size);
     void SendWaiting();
     [[nodiscard]] std::size_t WaitingToBeSent() const;
     void CloseLine();
