@@ -135,11 +135,9 @@ TEST(Measure, TakesFromTheSettingsFileWhatIsNotGivenAndLeavesItAlone)
 TEST(Measure, FindsADeviceByItsComName)
 {
     const Bench bench({"--speed", "20"});
-    ChildProgram program(QUORVANE_CLI,
-                         {"measure", "--port", "COM15", "--samples", "1", "--interval", "1", "--speed", "20",
-                          "--output", bench.Output()},
-                         bench.Folder().Path("errors.txt"),
-                         {{"QUORVANE_HOME", bench.Folder().Path()}, {"QUORVANE_COM15", bench.Device()}});
+    ChildProgram program = bench.Start({"measure", "--port", TriedCommandLine().comName, "--samples", "1",
+                                        "--interval", "1", "--speed", "20", "--output", bench.Output()},
+                                       "errors.txt");
     static_cast<void>(program.RestOfOutput());
     EXPECT_EQ(program.Wait(), 0) << bench.Said();
     EXPECT_EQ(bench.Rows().size(), 1U);
@@ -190,7 +188,7 @@ TEST(Measure, AFailedSaveLosesNothing)
     static_cast<void>(program.RestOfOutput());
     EXPECT_EQ(program.Wait(), 1);
     const std::string said = bench.Said();
-    EXPECT_THAT(said, HasSubstr("Data File can not create or save. No such file"));
+    EXPECT_THAT(said, HasSubstr("Data File can not create or save. " + TriedCommandLine().absentFolder));
     const std::string mark = "The readings were saved here instead: ";
     ASSERT_THAT(said, HasSubstr(mark));
     const std::string path = said.substr(said.find(mark) + mark.size());

@@ -27,7 +27,7 @@ struct Table : Bench {
     }
     int Do(const Arguments& arguments)
     {
-        ChildProgram program = Start(With(arguments, {"--port", Device()}), "errors.txt");
+        ChildProgram program = Start(With(arguments, {"--port", Port()}), "errors.txt");
         printed = program.RestOfOutput();
         return program.Wait();
     }
@@ -102,7 +102,7 @@ TEST(Setting, RefusesBeforeAnythingIsSent)
          "Sampling Time: The setup is incorrect. Redo setup.\n"},
         {"no file",
          {"program", "--file", "/absent.ini"},
-         "The measuring program could not be loaded. No such file"},
+         "The measuring program could not be loaded. " + TriedCommandLine().absentFile},
         {"K-factor too small", {"k-factor", "0.00009"}, "(0.0001-0.0099)\n"},
         {"K-factor in thousandths", {"k-factor", "1.2"}, "(0.0001-0.0099)\n"},
     };
@@ -163,7 +163,7 @@ TEST(Setting, CtrlCCancels)
 {
     Table table({"--fault", "silent:P"});
     ChildProgram program = table.Start(
-        Table::With(ProgramAt("2079-12-31 09:30:00"), {"--send", "--port", table.Device()}), "errors.txt");
+        Table::With(ProgramAt("2079-12-31 09:30:00"), {"--send", "--port", table.Port()}), "errors.txt");
     while (table.Traffic().find("P2079") == std::string::npos)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     program.Signal(SIGINT);
@@ -177,12 +177,10 @@ TEST(Setting, UsesThePortOfTheSettingsAlsoWhenTheseAreForMadeUpReadings)
 {
     const Table table;
     std::ofstream(table.Folder().Path("Quorvane.ini"), std::ios::binary)
-        << "[Quorvane Software Version]\nQuorvane_Ver.0100\nProgMode= False\n"
-           "RsPort_CH1=COM3\nRsSpeed_CH1=38400\nRsDataBit_CH1=8\nRsParity_CH1=N\nRsStopBit_CH1=1\nRsFlow_CH1="
-           " 3\n";
-    ChildProgram program(
-        QUORVANE_CLI, {"check"}, table.Folder().Path("errors.txt"),
-        {{"QUORVANE_HOME", table.Folder().Path()}, {"QUORVANE_COM3", table.Device()}, {"LC_ALL", "C"}});
+        << "[Quorvane Software Version]\nQuorvane_Ver.0100\nProgMode= False\nRsPort_CH1="
+        << TriedCommandLine().comName
+        << "\nRsSpeed_CH1=38400\nRsDataBit_CH1=8\nRsParity_CH1=N\nRsStopBit_CH1=1\nRsFlow_CH1= 3\n";
+    ChildProgram program = table.Start({"check"}, "errors.txt");
     EXPECT_EQ(program.RestOfOutput(), "The instrument answers.\n");
     EXPECT_EQ(program.Wait(), 0) << table.Said();
     EXPECT_THAT(table.Traffic(), HasSubstr("N\\r\\n")) << "without a line the check would succeed as well";
@@ -193,11 +191,11 @@ TEST(Setting, TellsThatThePortIsBusy)
     const Table table;
     ChildProgram measurement = table.Measure({"--samples", "100", "--interval", "1"});
     static_cast<void>(measurement.NextLine()); // the heading: the port is open
-    ChildProgram check = table.Start({"check", "--port", table.Device()}, "check.txt");
+    ChildProgram check = table.Start({"check", "--port", table.Port()}, "check.txt");
     EXPECT_EQ(check.RestOfOutput(), "");
     EXPECT_EQ(check.Wait(), 1);
     EXPECT_THAT(FileBytes(table.Folder().Path("check.txt")),
-                testing::StartsWith(table.Device() + " is not used.\nAnother program is using the port."));
+                testing::StartsWith(table.Port() + " is not used.\nAnother program is using the port."));
     measurement.Signal(SIGINT);
     static_cast<void>(measurement.RestOfOutput());
     EXPECT_EQ(measurement.Wait(), 0);

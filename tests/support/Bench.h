@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/support/ChildProgram.h"
+#include "tests/support/CommandLine.h"
 
 #include <string>
 #include <utility>
@@ -13,7 +14,7 @@ class Bench {
 public:
     /// @param instrument  arguments of the simulated instrument
     explicit Bench(const std::vector<std::string>& instrument)
-        : instrument_(QUORVANE_INSTRUMENT, instrument, folder_.Path("instrument.txt")),
+        : instrument_(QUORVANE_INSTRUMENT, WithLink(instrument), folder_.Path("instrument.txt")),
           device_(instrument_.NextLine())
     {
     }
@@ -21,20 +22,30 @@ public:
     /// Starts a measurement from the instrument into `Output()`.
     [[nodiscard]] ChildProgram Measure(const std::vector<std::string>& more) const
     {
-        std::vector<std::string> arguments{"measure", "--port", device_, "--output", Output()};
+        std::vector<std::string> arguments{"measure", "--port", Port(), "--output", Output()};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return Start(arguments, "errors.txt");
     }
     [[nodiscard]] ChildProgram Start(const std::vector<std::string>& arguments,
                                      const std::string& errors) const
     {
-        return {QUORVANE_CLI,
-                arguments,
-                folder_.Path(errors),
-                {{"QUORVANE_HOME", folder_.Path()}, {"LC_ALL", "C"}}};
+        const std::vector<std::string>& start = TriedCommandLine().start;
+        std::vector<std::string> words(start.begin() + 1, start.end());
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        return {start.front(), words, folder_.Path(errors), Environment()};
+    }
+    /// The command line's environment. Where COM names are given to devices, COM15 is the instrument's.
+    [[nodiscard]] std::map<std::string, std::string> Environment() const
+    {
+        return {{"QUORVANE_HOME", folder_.Path()}, {"QUORVANE_COM15", device_}, {"LC_ALL", "C"}};
     }
 
     [[nodiscard]] const std::string& Device() const { return device_; }
+    /// What --port calls the instrument's line.
+    [[nodiscard]] const std::string& Port() const
+    {
+        return TriedCommandLine().port.empty() ? device_ : TriedCommandLine().port;
+    }
     [[nodiscard]] std::string Output() const { return folder_.Path("out.csv"); }
     /// What the command line has said so far.
     [[nodiscard]] std::string Said() const { return FileBytes(folder_.Path("errors.txt")); }
@@ -54,6 +65,13 @@ public:
     }
 
 private:
+    static std::vector<std::string> WithLink(std::vector<std::string> instrument)
+    {
+        if (const std::string& link = TriedCommandLine().link; !link.empty())
+            instrument.insert(instrument.end(), {"--link", link});
+        return instrument;
+    }
+
     ScratchFolder folder_;
     ChildProgram instrument_;
     std::string device_;

@@ -1,0 +1,43 @@
+#include "tests/support/CommandLine.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace quorvane {
+namespace {
+
+std::string Variable(const char* name)
+{
+    const char* const text = std::getenv(name);
+    if (text == nullptr)
+        throw std::runtime_error(std::string(name) + " is not set");
+    return text;
+}
+
+CommandLine Named()
+{
+    if (std::getenv("QUORVANE_WINDOWS_CLI") == nullptr)
+        return {.start = {QUORVANE_CLI},
+                .link = "",
+                .port = "",
+                .comName = "COM15",
+                .absentFile = "No such file",
+                .absentFolder = "No such file"};
+    const std::string port = "COM" + Variable("QUORVANE_WINDOWS_PORT");
+    return {.start = {Variable("QUORVANE_WINDOWS_START"), Variable("QUORVANE_WINDOWS_CLI")},
+            .link = Variable("QUORVANE_WINDOWS_LINK"),
+            .port = port,
+            .comName = port,
+            .absentFile = "File not found",
+            .absentFolder = "Path not found"};
+}
+
+} // namespace
+
+const CommandLine& TriedCommandLine()
+{
+    static const CommandLine named = Named();
+    return named;
+}
+
+} // namespace quorvane

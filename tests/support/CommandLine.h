@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+/// The command line that the tests try, and what its system has of its own. It is the one of this build, or,
+/// when the environment names one, a Windows program:
+/// QUORVANE_WINDOWS_CLI (the program), QUORVANE_WINDOWS_START (what it is started with),
+/// QUORVANE_WINDOWS_PORT (the number of its COM port) and QUORVANE_WINDOWS_LINK (the link through which that
+/// port leads to a device).
+struct CommandLine {
+    std::vector<std::string> start; ///< the words before its arguments
+    std::string link;               ///< where it looks for the instrument; empty: at any device
+    std::string port;               ///< --port of the instrument; empty: the device itself
+    std::string comName;            ///< the COM name of the instrument's port
+    std::string absentFile;         ///< what the system says of a file that is not there
+    std::string absentFolder;       ///< and of a folder
+};
+
+[[nodiscard]] const CommandLine& TriedCommandLine();
+
+} // namespace quorvane
