@@ -96,7 +96,6 @@ TEST(Setting, RefusesBeforeAnythingIsSent)
     };
     const Row rows[] = {
         {"start in the past", ProgramAt("2024-05-01 09:30:00"), "Start date is invalid.\n"},
-        {"two digits do not tell this year", ProgramAt("2080-01-01 00:00:00"), "(MM/dd/yy)"},
         {"no time to measure",
          {"program", "--start", "2079-12-31 00:00:00", "--measure-time", "0:00", "--count", "1"},
          "Sampling Time: The setup is incorrect. Redo setup.\n"},
@@ -112,6 +111,14 @@ TEST(Setting, RefusesBeforeAnythingIsSent)
         EXPECT_THAT(table.Said(), HasSubstr(row.said)) << row.what;
         EXPECT_EQ(table.printed, "") << row.what;
     }
+    EXPECT_EQ(table.Traffic(), "");
+}
+
+TEST(Setting, RefusesAYearThatTheDatePatternDoesNotTell)
+{
+    Table table;
+    EXPECT_EQ(table.Do(Table::With(ProgramAt("2080-01-01 00:00:00"), {"--send"})), 1);
+    EXPECT_THAT(table.Said(), HasSubstr("(MM/dd/yy)"));
     EXPECT_EQ(table.Traffic(), "");
 }
 

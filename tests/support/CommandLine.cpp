@@ -23,11 +23,11 @@ CommandLine Named()
                 .comName = "COM15",
                 .absentFile = "No such file",
                 .absentFolder = "No such file"};
-    const std::string port = "COM" + Variable("QUORVANE_WINDOWS_PORT");
-    return {.start = {Variable("QUORVANE_WINDOWS_START"), Variable("QUORVANE_WINDOWS_CLI")},
-            .link = Variable("QUORVANE_WINDOWS_LINK"),
-            .port = port,
-            .comName = port,
+    const std::string number = Variable("QUORVANE_WINDOWS_PORT");
+    return {.start = {Variable("QUORVANE_WINDOWS_RUNNER"), Variable("QUORVANE_WINDOWS_CLI")},
+            .link = Variable("QUORVANE_WINE") + "/ports/com" + number,
+            .port = "COM" + number,
+            .comName = "COM" + number,
             .absentFile = "File not found",
             .absentFolder = "Path not found"};
 }

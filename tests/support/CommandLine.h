@@ -6,10 +6,9 @@
 namespace quorvane {
 
 /// The command line that the tests try, and what its system has of its own. It is the one of this build, or,
-/// when the environment names one, a Windows program:
-/// QUORVANE_WINDOWS_CLI (the program), QUORVANE_WINDOWS_START (what it is started with),
-/// QUORVANE_WINDOWS_PORT (the number of its COM port) and QUORVANE_WINDOWS_LINK (the link through which that
-/// port leads to a device).
+/// when the environment names one, a Windows program: QUORVANE_WINDOWS_CLI (its file),
+/// QUORVANE_WINDOWS_RUNNER (what runs it), QUORVANE_WINE (the runner's folder) and QUORVANE_WINDOWS_PORT (the
+/// number of the COM port that it is to use).
 struct CommandLine {
     std::vector<std::string> start; ///< the words before its arguments
     std::string link;               ///< where it looks for the instrument; empty: at any device
