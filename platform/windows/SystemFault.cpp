@@ -12,7 +12,6 @@ FileFault FaultOf(unsigned long error)
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
     case ERROR_INVALID_DRIVE:
-    case ERROR_INVALID_NAME:
     case ERROR_BAD_NETPATH:
     case ERROR_NOT_READY: // no disk in the drive
         return {FileFaultKind::NotFound, ReasonOf(error)};

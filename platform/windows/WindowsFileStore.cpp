@@ -77,11 +77,28 @@ std::wstring FolderOf(const std::wstring& path)
     return end == std::wstring::npos ? std::wstring() : path.substr(0, end + 1);
 }
 
+/// Whether a path names a stream inside a file: "10:30.csv" would be hidden in a file "10".
+bool NamesStream(const std::wstring& path)
+{
+    const std::size_t folderEnd = path.find_last_of(L"\\/");
+    const bool hasFolder = folderEnd != std::wstring::npos;
+    constexpr std::size_t kDriveLength = 2; // "C:out.csv"
+    return path.find(L':', hasFolder ? folderEnd : kDriveLength) != std::wstring::npos;
+}
+
+/// Asks whether a file of this name is there or could be, by trying.
+Fault CheckName(const std::wstring& path)
+{
+    const Handle made(::CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, kShareAll, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    return made.IsOpen() || ::GetLastError() == ERROR_FILE_EXISTS ? Fault{} : LastFault();
+}
+
 /// Asks whether there is a file that may be written, and lets go of it again.
 Fault CheckTarget(const std::wstring& target)
 {
-    if (target.empty()) // the file beside it would land in the current folder
-        return FaultOf(ERROR_PATH_NOT_FOUND);
+    if (NamesStream(target))
+        return FaultOf(ERROR_INVALID_NAME);
     Handle old;
     Fault fault = OpenDiskFile(target, GENERIC_WRITE, OPEN_EXISTING, old);
     return fault && fault->kind != FileFaultKind::NotFound ? fault : Fault{};
@@ -198,7 +215,9 @@ Fault WindowsFileStore::CheckReplace(const std::string& path) const
     if (Fault fault = CheckTarget(target))
         return fault;
     TemporaryFile beside; // the system's rules of permission are best asked by trying
-    return beside.Create(FolderOf(target));
+    if (Fault fault = beside.Create(FolderOf(target)))
+        return fault;
+    return CheckName(target);
 }
 
 Fault WindowsFileStore::Replace(const std::string& path, std::string_view bytes)

@@ -165,8 +165,11 @@ TEST(Measure, SimulatedReadingsRepeatWithTheirSeed)
 TEST(Measure, TellsBeforeTheRunThatTheFileCannotBeWritten)
 {
     const Bench bench({});
-    for (const std::string& output :
-         {bench.Folder().Path("absent/out.csv"), bench.Folder().Path(), std::string("/dev/null")}) {
+    std::vector<std::string> outputs{bench.Folder().Path("absent/out.csv"), bench.Folder().Path(),
+                                     "/dev/null"};
+    for (const std::string& name : TriedCommandLine().impossibleNames)
+        outputs.push_back(bench.Folder().Path(name));
+    for (const std::string& output : outputs) {
         ChildProgram program = bench.Start(
             {"measure", "--simulate", "--samples", "65500", "--interval", "900", "--output", output},
             "errors.txt");
@@ -225,8 +228,8 @@ TEST(Measure, PrintsNothingIntoTheLine)
     const Bench bench({"--speed", "20", "--verbose"});
     // Without standard streams the port would be the first file that the program opens.
     const std::string command = std::string("exec ") + QUORVANE_CLI + " measure --port " + bench.Device() +
-                                " --samples 2 --interval 1 --speed 20 --output " + bench.Output() +
-                                " <&- >&- 2>&-";
+                                " --samples 2 --interval 1 --speed 20 --output '" + bench.Output() +
+                                "' <&- >&- 2>&-";
     ChildProgram program("/bin/sh", {"-c", command}, bench.Folder().Path("errors.txt"),
                          {{"QUORVANE_HOME", bench.Folder().Path()}});
     EXPECT_EQ(program.Wait(), 0);

@@ -34,8 +34,8 @@ protected:
     [[nodiscard]] ChildProgram Measure(const std::string& options) const
     {
         const std::string command = std::string("exec ") + QUORVANE_CLI +
-                                    " measure --simulate --interval 1 " + options + " --output " +
-                                    bench_.Output() + " >" + path_ + " 2>&1";
+                                    " measure --simulate --interval 1 " + options + " --output '" +
+                                    bench_.Output() + "' >" + path_ + " 2>&1";
         return {"/bin/sh",
                 {"-c", command},
                 bench_.Folder().Path("errors.txt"),

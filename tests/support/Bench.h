@@ -37,7 +37,9 @@ public:
     /// The command line's environment. Where COM names are given to devices, COM15 is the instrument's.
     [[nodiscard]] std::map<std::string, std::string> Environment() const
     {
-        return {{"QUORVANE_HOME", folder_.Path()}, {"QUORVANE_COM15", device_}, {"LC_ALL", "C"}};
+        return {{"QUORVANE_HOME", folder_.Path()},
+                {"QUORVANE_COM15", device_},
+                {"LC_ALL", TriedCommandLine().locale}};
     }
 
     [[nodiscard]] const std::string& Device() const { return device_; }
@@ -46,7 +48,7 @@ public:
     {
         return TriedCommandLine().port.empty() ? device_ : TriedCommandLine().port;
     }
-    [[nodiscard]] std::string Output() const { return folder_.Path("out.csv"); }
+    [[nodiscard]] std::string Output() const { return folder_.Path("測定 1.csv"); }
     /// What the command line has said so far.
     [[nodiscard]] std::string Said() const { return FileBytes(folder_.Path("errors.txt")); }
     [[nodiscard]] std::string ErrorLog() const { return FileBytes(folder_.Path("RSErr.log")); }
