@@ -27,7 +27,7 @@ InstrumentLine::InstrumentLine(CommandWorld& world, const std::string& port, Nam
 
 void InstrumentLine::WaitForReader()
 {
-    const int interrupts = interrupts_.Count();
+    const int interrupts = interruptsSeen_; // one that came since the last wait means this one
     while (!world_.console.Flush() && interrupts_.Count() == interrupts)
         static_cast<void>(pump_.Serve(kNap));
 }
