@@ -26,6 +26,7 @@ struct MachineFacts {
     double CpuCurrentClockSpeed = 0; ///< MHz
     double CpuMaxClockSpeed = 0;     ///< MHz
     double CpuL2CacheSize = 0;       ///< KB, 0 when unknown
+    bool CpuAwaited = false;         ///< the system has been asked for these and has not answered yet
 };
 
 /// How the user's system writes dates and times; filled by `AnalyseLocale` before every conversion.

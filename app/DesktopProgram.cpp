@@ -19,6 +19,7 @@ namespace quorvane {
 namespace {
 
 constexpr std::chrono::milliseconds kInterruptPace{200};
+constexpr std::chrono::milliseconds kProcessorPace{200};
 
 } // namespace
 
@@ -131,6 +132,22 @@ void DesktopProgram::ShowMainWindow()
         qInfo("%s", notice.c_str());
     }
     window_->show();
+    AwaitProcessors();
+}
+
+/// The system may take seconds to answer, or for ever: nobody waits.
+void DesktopProgram::AwaitProcessors()
+{
+    if (!state_.CpuAwaited)
+        return;
+    processorTimer_.OnTick([this] {
+        if (!RecordProcessors(state_, *platform_.systemInfo))
+            return;
+        processorTimer_.Disable();
+        window_->ShowMachineFacts();
+    });
+    processorTimer_.SetInterval(kProcessorPace);
+    processorTimer_.Enable();
 }
 
 /// Whatever still waits ends, and so do all windows with the program.

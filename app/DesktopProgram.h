@@ -39,6 +39,7 @@ public:
     [[nodiscard]] FrmMenu& Window() { return *window_; }
 
 private:
+    void AwaitProcessors();
     void SelectLanguage();
     void ShowMainWindow();
     void End();
@@ -57,6 +58,7 @@ private:
     QtTickTimer clockTimer_;
     QtTickTimer statusTimer_;
     QtTickTimer interruptTimer_;
+    QtTickTimer processorTimer_;
     QtPrompts prompts_;
     SerialLog log_;
     PortLink link_;

@@ -63,6 +63,9 @@ public:
     /// Says something for good in the status bar.
     void Announce(const std::string& text);
 
+    /// More is known about the machine than before.
+    void ShowMachineFacts();
+
     [[nodiscard]] MeasurementRun& Run() { return run_; }
 
 protected:

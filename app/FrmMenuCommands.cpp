@@ -320,6 +320,12 @@ void FrmMenu::MenuVersion()
     help->activateWindow();
 }
 
+void FrmMenu::ShowMachineFacts()
+{
+    if (auto* const help = static_cast<FrmHelp*>(findChild<QDialog*>(u"FrmHelp"_qs)))
+        help->Refresh();
+}
+
 // ---- the end --------------------------------------------------------------------------------------------
 
 /// The settings are written before the window asks its question, and once more when it closes.

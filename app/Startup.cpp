@@ -8,11 +8,14 @@
 #include <algorithm>
 
 namespace quorvane {
-namespace {
 
-void RecordProcessors(MachineFacts& machine, const SystemInfo& system)
+bool RecordProcessors(MachineFacts& machine, SystemInfo& system)
 {
-    for (const ProcessorRecord& processor : system.Processors()) { // meant: the last one stays
+    const auto processors = system.TakeProcessors();
+    if (!processors)
+        return false;
+    machine.CpuAwaited = false;
+    for (const ProcessorRecord& processor : *processors) { // meant: the last one stays
         machine.CpuDescription = processor.description;
         machine.CpuName = processor.name;
         machine.CpuManufacturer = processor.manufacturer;
@@ -20,9 +23,8 @@ void RecordProcessors(MachineFacts& machine, const SystemInfo& system)
         machine.CpuMaxClockSpeed = processor.maxClockSpeed;
         machine.CpuL2CacheSize = std::max(processor.l2CacheSize.value_or(0), 0.0);
     }
+    return true;
 }
-
-} // namespace
 
 StartupResult Main(ApplicationState& state, const StartupParts& parts)
 {
@@ -32,6 +34,8 @@ StartupResult Main(ApplicationState& state, const StartupParts& parts)
     }
     state.AppPath = parts.findFiles().folder;
     state.OsKind = ClassifySystem(parts.systemInfo);
+    parts.systemInfo.AskForProcessors();
+    state.CpuAwaited = true;
     RecordProcessors(state, parts.systemInfo);
     state.SystemLanguageName = parts.locale.SystemLanguageName();
     AnalyseLocale(state, parts.locale, parts.clock.Now());

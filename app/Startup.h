@@ -16,7 +16,7 @@ namespace quorvane {
 /// What start-up works with.
 struct StartupParts {
     InstanceLock& instanceLock;
-    const SystemInfo& systemInfo;
+    SystemInfo& systemInfo;
     const LocaleItems& locale;
     const LocalClock& clock;
     const FileStore& files;
@@ -34,7 +34,12 @@ enum class StartupResult {
 
 /// Starts the program: refuses a second instance, before anything is read or written; fills the state with
 /// the place of the files, the facts about the machine, the system's language and date format and the
-/// language choice; lets it be chosen anew where that is wanted; shows the main window.
+/// language choice; lets it be chosen anew where that is wanted; shows the main window. The processors are
+/// only asked for, and recorded when the answer is there at once.
 [[nodiscard]] StartupResult Main(ApplicationState& state, const StartupParts& parts);
+
+/// Records the processors when the answer that is awaited has come: to be called now and then until
+/// `CpuAwaited` is false. @return whether it has come now
+bool RecordProcessors(MachineFacts& machine, SystemInfo& system);
 
 } // namespace quorvane

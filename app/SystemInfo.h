@@ -36,8 +36,11 @@ public:
     /// @return nothing when the system refuses or knows no such record
     [[nodiscard]] virtual std::optional<BasicVersion> Version() const = 0;
     [[nodiscard]] virtual std::optional<ExtendedVersion> VersionWithProduct() const = 0;
-    /// One for each processor that the system lists, in its order; none when it cannot be asked.
-    [[nodiscard]] virtual std::vector<ProcessorRecord> Processors() const = 0;
+    /// Asks for the processors and returns at once: the system may take seconds to answer. Asked once.
+    virtual void AskForProcessors() = 0;
+    /// The answer, given out once: a record for each processor that the system lists, in its order; none when
+    /// it refuses. @return nothing before the answer has come; it may never come
+    [[nodiscard]] virtual std::optional<std::vector<ProcessorRecord>> TakeProcessors() = 0;
 };
 
 } // namespace quorvane

@@ -13,6 +13,13 @@ std::string WholeNumber(double value)
     return PatternText(value, {1, 0, 0});
 }
 
+std::string ProcessorName(const MachineFacts& machine, const Texts& texts)
+{
+    if (machine.CpuAwaited)
+        return texts[kProcessorAwaitedText];
+    return machine.CpuName.empty() ? texts[kUnknownText] : machine.CpuName;
+}
+
 std::string ClockText(const MachineFacts& machine, const Texts& texts)
 {
     const std::string now = WholeNumber(machine.CpuCurrentClockSpeed);
@@ -38,7 +45,7 @@ std::vector<AboutRow> AboutRows(const ApplicationState& state, const Texts& text
     for (const auto& [name, version, licence] : surroundings.libraries)
         add(kLibraryText,
             std::string(name).append(" ").append(version).append(" (").append(licence).append(")"));
-    add(kProcessorText, state.CpuName.empty() ? texts[kUnknownText] : state.CpuName);
+    add(kProcessorText, ProcessorName(state, texts));
     add(kProcessorTypeText, state.CpuDescription);
     add(kProcessorMakerText, state.CpuManufacturer);
     add(kProcessorClockText, ClockText(state, texts));

@@ -25,8 +25,8 @@ struct AboutRow {
 };
 
 /// What support asks for first: version, libraries, processor and system as start-up recorded them, and last
-/// the folder of the program's files. The processor's name is always told, be it as unknown; what else the
-/// system did not tell is left out.
+/// the folder of the program's files. The processor's name is always told, be it as unknown or as not
+/// answered yet; what else the system did not tell is left out.
 [[nodiscard]] std::vector<AboutRow> AboutRows(const ApplicationState& state, const Texts& texts,
                                               const AboutSurroundings& surroundings);
 

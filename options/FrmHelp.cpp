@@ -36,7 +36,7 @@ AboutSurroundings Surroundings()
 } // namespace
 
 FrmHelp::FrmHelp(const ApplicationState& state, const Texts& texts, QWidget* parent)
-    : QDialog(parent), texts_(texts), rows_(AboutRows(state, texts, Surroundings())), ui_([this] {
+    : QDialog(parent), state_(state), texts_(texts), ui_([this] {
           auto ui = std::make_unique<Ui::FrmHelp>();
           ui->setupUi(this);
           return ui;
@@ -47,9 +47,9 @@ FrmHelp::FrmHelp(const ApplicationState& state, const Texts& texts, QWidget* par
     ui_->Image1->setPixmap(icon.pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     SetFonts();
     SetCaptions();
-    ShowRows();
-    for (QLabel* const label : findChildren<QLabel*>())
+    for (QLabel* const label : {ui_->Label1, ui_->Label2})
         label->installEventFilter(this);
+    Refresh();
     ui_->Command1->setFocus();
     connect(ui_->Command1, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_->Command2, &QPushButton::clicked, this, &FrmHelp::OpenFolder);
@@ -80,6 +80,15 @@ void FrmHelp::SetCaptions()
     ui_->Command3->setText(text(kCopyDetailsText));
 }
 
+void FrmHelp::Refresh()
+{
+    rows_ = AboutRows(state_, texts_, Surroundings());
+    ui_->Notice->clear(); // what it says is on the clipboard are the facts of before
+    qDeleteAll(facts_);
+    facts_.clear();
+    ShowRows();
+}
+
 /// The last row, the folder, has a box of its own, in a row of the form that is below all these: it may be
 /// long.
 void FrmHelp::ShowRows()
@@ -96,7 +105,9 @@ void FrmHelp::ShowRows()
             if (column == 1) {
                 label->setObjectName(u"Fact"_qs);
                 label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+                label->installEventFilter(this);
             }
+            facts_ += label;
             ui_->FactLayout->addWidget(label, line, column++);
         }
         ++line;

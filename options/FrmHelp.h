@@ -4,6 +4,7 @@
 #include "options/AboutDetails.h"
 
 #include <QDialog>
+#include <QList>
 #include <memory>
 #include <vector>
 
@@ -22,6 +23,9 @@ public:
     FrmHelp(const ApplicationState& state, const Texts& texts, QWidget* parent);
     ~FrmHelp() override;
 
+    /// Shows the facts as they are known now.
+    void Refresh();
+
 protected:
     bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -33,8 +37,10 @@ private:
     void CopyDetails();
     void Tell(int id);
 
+    const ApplicationState& state_;
     const Texts& texts_;
-    const std::vector<AboutRow> rows_;
+    std::vector<AboutRow> rows_;
+    QList<QLabel*> facts_; ///< captions and values
     std::unique_ptr<Ui::FrmHelp> ui_;
 };
 

@@ -290,6 +290,7 @@ enum OwnText : int {
     kCopiedText = 1454,
     kFolderNotOpenedText = 1455,
 
+
     // The window with the guide.
     kGuideTitleText = 1456,
     kGuideBackText = 1457,    ///< %1: its keys
@@ -306,6 +307,9 @@ enum OwnText : int {
     // The main window: units of the large figures.
     kConcUnitText = 1471,
     kCountUnitText = 1472,
+
+    // About the program: the system has not answered yet.
+    kProcessorAwaitedText = 1491,
 };
 
 } // namespace quorvane

@@ -490,6 +490,7 @@ constexpr Entry kEntries[] = {
 
     {kConcUnitText, "mg/m3", "mg/m3"},
     {kCountUnitText, "CPM", "CPM"},
+    {kProcessorAwaitedText, "The system is being asked...", "システムに問い合わせ中です..."},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

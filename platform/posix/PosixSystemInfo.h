@@ -10,7 +10,12 @@ class PosixSystemInfo final : public SystemInfo {
 public:
     [[nodiscard]] std::optional<BasicVersion> Version() const override { return std::nullopt; }
     [[nodiscard]] std::optional<ExtendedVersion> VersionWithProduct() const override { return std::nullopt; }
-    [[nodiscard]] std::vector<ProcessorRecord> Processors() const override;
+    void AskForProcessors() override;
+    /// There as soon as it is asked for: the kernel answers at once.
+    [[nodiscard]] std::optional<std::vector<ProcessorRecord>> TakeProcessors() override;
+
+private:
+    std::optional<std::vector<ProcessorRecord>> processors_;
 };
 
 } // namespace quorvane

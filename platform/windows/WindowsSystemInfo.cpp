@@ -21,20 +21,19 @@ bool AskVersion(Info& info, BasicVersion& version)
     return true;
 }
 
-/// COM for this thread, as long as it is used.
+/// COM for a thread of its own that serves no window messages.
 class ComUse {
 public:
-    ComUse() : result_(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)) {}
+    ComUse() : result_(::CoInitializeEx(nullptr, COINIT_MULTITHREADED)) {}
     ~ComUse()
     {
-        if (SUCCEEDED(result_))
+        if (Works())
             ::CoUninitialize();
     }
     ComUse(const ComUse&) = delete;
     ComUse& operator=(const ComUse&) = delete;
 
-    /// Whoever has set the thread up in the other way before has set it up, too.
-    [[nodiscard]] bool Works() const { return SUCCEEDED(result_) || result_ == RPC_E_CHANGED_MODE; }
+    [[nodiscard]] bool Works() const { return SUCCEEDED(result_); }
 
 private:
     HRESULT result_;
@@ -109,6 +108,15 @@ private:
     VARIANT value_;
 };
 
+/// Lets the management service act for this user through `proxy`. Told to each object, because the setting
+/// for the whole process can be made once only, and belongs to nobody who shares the process with a toolkit.
+bool AllowUse(IUnknown* proxy)
+{
+    return SUCCEEDED(::CoSetProxyBlanket(proxy, RPC_C_AUTHN_WINNT, RPC_C_AUTHZ_NONE, nullptr,
+                                         RPC_C_AUTHN_LEVEL_CALL, RPC_C_IMP_LEVEL_IMPERSONATE, nullptr,
+                                         EOAC_NONE));
+}
+
 /// Connects to the management service of this computer. @return false when it cannot be had
 bool Connect(ComPointer<IWbemServices>& services)
 {
@@ -120,9 +128,7 @@ bool Connect(ComPointer<IWbemServices>& services)
     return SUCCEEDED(locator->ConnectServer(place.Get(), nullptr, nullptr, nullptr,
                                             WBEM_FLAG_CONNECT_USE_MAX_WAIT, nullptr, nullptr,
                                             services.Receive())) &&
-           SUCCEEDED(::CoSetProxyBlanket(services.Get(), RPC_C_AUTHN_WINNT, RPC_C_AUTHZ_NONE, nullptr,
-                                         RPC_C_AUTHN_LEVEL_CALL, RPC_C_IMP_LEVEL_IMPERSONATE, nullptr,
-                                         EOAC_NONE));
+           AllowUse(services.Get());
 }
 
 ProcessorRecord RecordOf(IWbemClassObject& processor)
@@ -135,6 +141,31 @@ ProcessorRecord RecordOf(IWbemClassObject& processor)
         .maxClockSpeed = Property(processor, L"MaxClockSpeed").Number().value_or(0),
         .l2CacheSize = Property(processor, L"L2CacheSize").Number(),
     };
+}
+
+std::vector<ProcessorRecord> QueryProcessors()
+{
+    std::vector<ProcessorRecord> records;
+    const ComUse com;
+    ComPointer<IWbemServices> services;
+    if (!com.Works() || !Connect(services))
+        return records;
+    const ComText language(L"WQL");
+    const ComText query(L"Select * From Win32_Processor");
+    ComPointer<IEnumWbemClassObject> processors;
+    if (FAILED(services->ExecQuery(language.Get(), query.Get(),
+                                   WBEM_FLAG_FORWARD_ONLY | WBEM_FLAG_RETURN_IMMEDIATELY, nullptr,
+                                   processors.Receive())))
+        return records;
+    AllowUse(processors.Get());
+    constexpr long kPatienceMs = 60'000; // then the processors are unknown for good
+    for (;;) {
+        ComPointer<IWbemClassObject> processor;
+        ULONG count = 0;
+        if (processors->Next(kPatienceMs, 1, processor.Receive(), &count) != WBEM_S_NO_ERROR || count == 0)
+            return records;
+        records.push_back(RecordOf(*processor.Get()));
+    }
 }
 
 } // namespace
@@ -158,28 +189,14 @@ std::optional<ExtendedVersion> WindowsSystemInfo::VersionWithProduct() const
     return version;
 }
 
-std::vector<ProcessorRecord> WindowsSystemInfo::Processors() const
+void WindowsSystemInfo::AskForProcessors()
 {
-    std::vector<ProcessorRecord> records;
-    const ComUse com;
-    ComPointer<IWbemServices> services;
-    if (!com.Works() || !Connect(services))
-        return records;
-    const ComText language(L"WQL");
-    const ComText query(L"Select * From Win32_Processor");
-    ComPointer<IEnumWbemClassObject> processors;
-    if (FAILED(services->ExecQuery(language.Get(), query.Get(),
-                                   WBEM_FLAG_FORWARD_ONLY | WBEM_FLAG_RETURN_IMMEDIATELY, nullptr,
-                                   processors.Receive())))
-        return records;
-    constexpr long kPatienceMs = 10'000; // a service that hangs must not keep the program from starting
-    for (;;) {
-        ComPointer<IWbemClassObject> processor;
-        ULONG count = 0;
-        if (processors->Next(kPatienceMs, 1, processor.Receive(), &count) != WBEM_S_NO_ERROR || count == 0)
-            return records;
-        records.push_back(RecordOf(*processor.Get()));
-    }
+    processors_.Ask(QueryProcessors);
+}
+
+std::optional<std::vector<ProcessorRecord>> WindowsSystemInfo::TakeProcessors()
+{
+    return processors_.Take();
 }
 
 } // namespace quorvane

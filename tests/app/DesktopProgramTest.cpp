@@ -2,10 +2,12 @@
 
 #include "measure/LiveTable.h"
 #include "tests/support/ChildProgram.h"
+#include "tests/support/FixedSystemInfo.h"
 #include "tests/support/Operator.h"
 #include "tests/support/ScopedEnvironment.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <csignal>
@@ -105,6 +107,28 @@ TEST_F(DesktopProgramTest, AsksForTheLanguageFirstWhenItIsToldTo)
     EXPECT_EQ(FileBytes(folder.Path("Language.dat")), "Language = 0\r\n");
     EXPECT_EQ(program.Window().findChild<QAbstractButton*>(QStringLiteral("Command1"))->text(),
               QStringLiteral("測定開始"));
+}
+
+TEST_F(DesktopProgramTest, TheAboutBoxSaysThatTheProcessorIsAskedForAndThenWhichItIs)
+{
+    auto machine = std::make_unique<FixedSystemInfo>();
+    machine->processors.reset();
+    auto& processors = machine->processors;
+    Platform platform = MakePlatform();
+    platform.systemInfo = std::move(machine);
+    DesktopProgram program(std::move(platform));
+    ASSERT_TRUE(program.Start());
+    program.Window().findChild<QAction*>(u"MenuVersion"_qs)->trigger();
+    const auto* const about = program.Window().findChild<QDialog*>(u"FrmHelp"_qs);
+    ASSERT_NE(about, nullptr);
+    const auto shows = [&](const QString& text) {
+        return std::ranges::count(about->findChildren<QLabel*>(), text, &QLabel::text) == 1;
+    };
+    EXPECT_TRUE(shows(u"The system is being asked..."_qs));
+    processors = {{{.description = {}, .name = "Late", .manufacturer = {}, .l2CacheSize = {}}}};
+    ASSERT_TRUE(Until([&] { return shows(u"Late"_qs); }));
+    EXPECT_FALSE(shows(u"The system is being asked..."_qs));
+    EXPECT_TRUE(shows(u"System class:"_qs)) << "the other facts stay";
 }
 
 TEST_F(DesktopProgramTest, EndsLikeACloseWhenTheSystemAsksItTo)

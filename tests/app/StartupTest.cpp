@@ -34,6 +34,7 @@ struct StartupTest : testing::Test {
     MemoryFileStore store;
     ScriptedPrompts prompts;
     ApplicationState state;
+    std::optional<ApplicationState> stateWhenAsked; ///< for the processors
     std::optional<ApplicationState> stateAtWindow;
     StringTable table{TableLanguage::English};
     Texts texts{table, state};
@@ -42,12 +43,15 @@ struct StartupTest : testing::Test {
 TEST_F(StartupTest, LearnsEverythingBeforeItShowsTheWindow)
 {
     store.files[FileInFolder("app", "Language.dat")] = "Language = 1\r\n";
-    system.processors = {{"Family 6", "Only", "Maker", 1000, 2000, 512}};
+    system.processors = {{{"Family 6", "Only", "Maker", 1000, 2000, 512}}};
+    system.whenAsked = [this] { stateWhenAsked = state; };
     locale.systemLanguageName = "Japanese";
     locale.shortDateFormat = "dd.MM.yyyy";
     system.version = BasicVersion{6, 1, 2, ""};
     EXPECT_EQ(Start(), StartupResult::Running);
-    ASSERT_TRUE(stateAtWindow);
+    ASSERT_TRUE(stateWhenAsked && stateAtWindow);
+    EXPECT_EQ(stateWhenAsked->OsKind, 7);
+    EXPECT_EQ(stateWhenAsked->SystemLanguageName, "");
     EXPECT_EQ(stateAtWindow->AppPath, "app");
     EXPECT_EQ(stateAtWindow->OsKind, 7);
     EXPECT_EQ(stateAtWindow->CpuName, "Only");
@@ -61,6 +65,7 @@ TEST_F(StartupTest, LearnsEverythingBeforeItShowsTheWindow)
 TEST_F(StartupTest, ASecondInstanceSaysSoAndDoesNothingElse)
 {
     lock.running = true;
+    system.whenAsked = [] { ADD_FAILURE(); };
     EXPECT_EQ(Start(), StartupResult::AlreadyRunning);
     EXPECT_FALSE(stateAtWindow);
     ASSERT_EQ(prompts.messages.size(), 1U);
@@ -79,13 +84,28 @@ TEST_F(StartupTest, NothingThatIsMissingKeepsTheProgramFromStarting)
     EXPECT_EQ(state.LanguageMode, 0);
     EXPECT_EQ(state.CpuName, "");
     EXPECT_EQ(state.CpuMaxClockSpeed, 0);
+    EXPECT_FALSE(state.CpuAwaited) << "there are none";
     EXPECT_TRUE(prompts.messages.empty());
+}
+
+TEST_F(StartupTest, DoesNotWaitForTheProcessors)
+{
+    system.processors.reset();
+    ASSERT_EQ(Start(), StartupResult::Running);
+    EXPECT_TRUE(stateAtWindow && stateAtWindow->CpuAwaited);
+    EXPECT_FALSE(RecordProcessors(state, system));
+    EXPECT_TRUE(state.CpuAwaited);
+    system.processors = {{{"Family 6", "Late", "Maker", 1000, 2000, 512}}};
+    EXPECT_TRUE(RecordProcessors(state, system));
+    EXPECT_FALSE(state.CpuAwaited);
+    EXPECT_EQ(state.CpuName, "Late");
 }
 
 TEST_F(StartupTest, TheLastProcessorStays)
 {
-    system.processors = {{"Family 6", "First", "Maker A", 1000, 2000, 512},
-                         {"Family 15", "Second", "Maker B", 1500, 3000, 1024}};
+    std::vector<ProcessorRecord> two = {{"Family 6", "First", "Maker A", 1000, 2000, 512},
+                                        {"Family 15", "Second", "Maker B", 1500, 3000, 1024}};
+    system.processors = two;
     ASSERT_EQ(Start(), StartupResult::Running);
     EXPECT_EQ(state.CpuDescription, "Family 15");
     EXPECT_EQ(state.CpuName, "Second");
@@ -94,7 +114,8 @@ TEST_F(StartupTest, TheLastProcessorStays)
     EXPECT_EQ(state.CpuMaxClockSpeed, 3000);
     EXPECT_EQ(state.CpuL2CacheSize, 1024);
     for (const std::optional<double> unknown : {std::optional<double>(), std::optional<double>(-1)}) {
-        system.processors[1].l2CacheSize = unknown;
+        two[1].l2CacheSize = unknown;
+        system.processors = two;
         ASSERT_EQ(Start(), StartupResult::Running);
         EXPECT_EQ(state.CpuL2CacheSize, 0) << "and not the first one's";
     }

@@ -52,6 +52,9 @@ TEST(AboutDetails, WhatTheSystemDidNotTellIsLeftOutButForTheProcessor)
 {
     ApplicationState state;
     state.AppPath = "/opt/quorvane";
+    state.CpuAwaited = true;
+    EXPECT_NE(Copied(state).find("\nProcessor: The system is being asked...\nSystem: "), std::string::npos);
+    state.CpuAwaited = false;
     EXPECT_EQ(Copied(state), "Version: Quorvane Software " + kVersion + "\n" +
                                  "Library: Lib 1.2 (MIT)\n"
                                  "Processor: unknown\n"

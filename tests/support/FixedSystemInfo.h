@@ -2,18 +2,30 @@
 
 #include "app/SystemInfo.h"
 
+#include <functional>
+#include <utility>
+
 namespace quorvane {
 
-/// A machine that a test describes.
+/// A machine that a test describes. It answers when it has processors to tell of.
 class FixedSystemInfo : public SystemInfo {
 public:
     std::optional<BasicVersion> version;
     std::optional<ExtendedVersion> versionWithProduct;
-    std::vector<ProcessorRecord> processors;
+    std::optional<std::vector<ProcessorRecord>> processors = std::vector<ProcessorRecord>();
+    std::function<void()> whenAsked;
 
     std::optional<BasicVersion> Version() const override { return version; }
     std::optional<ExtendedVersion> VersionWithProduct() const override { return versionWithProduct; }
-    std::vector<ProcessorRecord> Processors() const override { return processors; }
+    void AskForProcessors() override
+    {
+        if (whenAsked)
+            whenAsked();
+    }
+    std::optional<std::vector<ProcessorRecord>> TakeProcessors() override
+    {
+        return std::exchange(processors, std::nullopt);
+    }
 };
 
 } // namespace quorvane

@@ -85,10 +85,15 @@ TEST(ProcessorList, AnUnknownFormGivesEmptyFields)
 
 TEST(SystemInfo, KnowsThisMachine)
 {
-    const PosixSystemInfo system;
+    PosixSystemInfo system;
     EXPECT_FALSE(system.Version());
     EXPECT_FALSE(system.VersionWithProduct());
-    EXPECT_FALSE(system.Processors().empty());
+    EXPECT_FALSE(system.TakeProcessors()) << "nobody asked";
+    system.AskForProcessors();
+    const auto processors = system.TakeProcessors();
+    ASSERT_TRUE(processors);
+    EXPECT_FALSE(processors->empty());
+    EXPECT_FALSE(system.TakeProcessors()) << "taken";
 }
 
 } // namespace
