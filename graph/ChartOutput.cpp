@@ -4,6 +4,7 @@
 #include "app/ProgramFont.h"
 #include "app/QtText.h"
 #include "files/FileFaultText.h"
+#include "graph/FrmPrint.h"
 #include "graph/PreviewWindow.h"
 #include "instrument/DateTimeText.h"
 #include "resources/OwnTexts.h"
@@ -16,11 +17,11 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <QSaveFile>
 #include <QStorageInfo>
-#include <memory>
+#include <functional>
+#include <utility>
 
 namespace quorvane {
 namespace {
@@ -29,6 +30,7 @@ constexpr int kPixelRatio = 2; ///< of saved and copied pictures
 constexpr int kDotsPerInch = 96;
 constexpr double kMetresPerInch = 0.0254;
 constexpr double kPointsPerInch = 72;
+constexpr QMarginsF kFileMargins(10, 10, 10, 10); ///< millimetres
 
 QImage ImageOf(const FrozenChart& chart)
 {
@@ -53,22 +55,42 @@ QByteArray PngOf(const FrozenChart& chart)
     return ImageOf(chart).save(&buffer, "PNG") ? bytes : QByteArray();
 }
 
-QByteArray PdfOf(const FrozenChart& chart, const QString& title)
+/// @param paint  on the page that `writer` has been told by `arrange`
+QByteArray PdfOf(const QString& title, const std::function<void(QPdfWriter& writer)>& arrange,
+                 const std::function<void(QPainter& painter)>& paint)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setTitle(title);
-    writer.setResolution(kDotsPerInch);
-    writer.setPageSize(QPageSize(QSizeF(chart.size) * kPointsPerInch / kDotsPerInch, QPageSize::Point, {},
-                                 QPageSize::ExactMatch));
-    writer.setPageMargins({});
+    arrange(writer);
     QPainter painter;
     if (!painter.begin(&writer))
         return {};
-    PaintFrozen(painter, chart);
+    paint(painter);
     return painter.end() ? bytes : QByteArray();
+}
+
+QByteArray PdfOf(const FrozenChart& chart, const QString& title)
+{
+    const auto arrange = [&](QPdfWriter& writer) {
+        writer.setResolution(kDotsPerInch);
+        writer.setPageSize(QPageSize(QSizeF(chart.size) * kPointsPerInch / kDotsPerInch, QPageSize::Point, {},
+                                     QPageSize::ExactMatch));
+        writer.setPageMargins({});
+    };
+    return PdfOf(title, arrange, [&](QPainter& painter) { PaintFrozen(painter, chart); });
+}
+
+QByteArray PdfOf(const ChartPage& page, const PrintChoice& choice)
+{
+    const auto arrange = [&](QPdfWriter& writer) {
+        writer.setPageLayout(
+            QPageLayout(choice.paper, choice.orientation, kFileMargins, QPageLayout::Millimeter));
+    };
+    return PdfOf(page.title, arrange,
+                 [&](QPainter& painter) { PaintChartPage(painter, painter.viewport(), page); });
 }
 
 /// Why a file could not be written; the toolkit tells it in words of the system's language alone.
@@ -148,38 +170,62 @@ void ChartOutput::Print()
 
 void ChartOutput::AskForPrinter(const ChartPage& page, QPageLayout::Orientation orientation)
 {
-    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    printer->setPageOrientation(orientation);
-    printer->setDocName(page.title);
-    auto* const dialog = new QPrintDialog(printer.get(), parent_);
-    dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
-    QObject::connect(dialog, &QDialog::accepted, dialog, [this, printer, page] { PrintOn(*printer, page); });
-    QObject::connect(dialog, &QObject::destroyed, [printer] {}); // the dialog needs it to its end
-    ShowModally(*dialog);
+    const auto askFile = [this](const std::function<void(const std::string&)>& chosen) {
+        prompts_.AskSaveNameLater(WhereToSave("PDF (*.pdf)|*.pdf|", {"pdf"}), chosen);
+    };
+    const auto print = [this, page](const PrintChoice& choice) { PrintAs(choice, page); };
+    ShowModally(*new FrmPrint({.printers = printers_, .texts = texts_, .askFile = askFile, .print = print},
+                              orientation, parent_));
+}
+
+void ChartOutput::PrintAs(const PrintChoice& choice, const ChartPage& page)
+{
+    if (choice.printer.isEmpty())
+        return PrintToFile(choice, page);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPrinterName(choice.printer);
+    if (printer.printerName() != choice.printer) // it has gone, and the toolkit takes another one for it
+        return TellFailure(kNotPrintedText, {});
+    printer.setDocName(page.title);
+    printer.setPageSize(choice.paper);
+    printer.setPageOrientation(choice.orientation);
+    printer.setCopyCount(choice.copies);
+    PrintOn(printer, page);
+}
+
+void ChartOutput::PrintToFile(const PrintChoice& choice, const ChartPage& page)
+{
+    if (const auto fault = WriteFile(choice.file, PdfOf(page, choice)))
+        TellFailure(kPictureNotSavedText, texts_[ReasonText(*fault)]);
 }
 
 void ChartOutput::PrintOn(QPrinter& printer, const ChartPage& page)
 {
     QPainter painter;
     bool printed = painter.begin(&printer);
-    if (printed) {
-        PaintChartPage(painter, painter.viewport(), page);
-        printed = painter.end() && printer.printerState() != QPrinter::Error;
+    const int sheets = printer.supportsMultipleCopies() ? 1 : printer.copyCount();
+    for (int sheet = 0; printed && sheet < sheets; ++sheet) {
+        printed = sheet == 0 || printer.newPage();
+        if (printed)
+            PaintChartPage(painter, painter.viewport(), page);
     }
-    if (printed)
-        return;
-    const QString file = printer.outputFileName(); // empty for paper
-    TellFailure(kNotPrintedText, file.isEmpty() ? std::string() : texts_[ReasonText(FaultOf(file, 0))]);
+    if (!printed || !painter.end() || printer.printerState() == QPrinter::Error)
+        TellFailure(kNotPrintedText, {});
+}
+
+SaveQuestion ChartOutput::WhereToSave(const std::string& filter, std::vector<std::string> extensions) const
+{
+    return {.filter = filter,
+            .filterIndex = 1,
+            .overwritePrompt = true,
+            .defaultName = "Quorvane-" + FileStamp(clock_.Now()),
+            .folder = state_.DefaultFolder,
+            .extensions = std::move(extensions)};
 }
 
 void ChartOutput::SaveImage()
 {
-    prompts_.AskSaveNameLater({.filter = "PNG (*.png)|*.png|PDF (*.pdf)|*.pdf|",
-                               .filterIndex = 1,
-                               .overwritePrompt = true,
-                               .defaultName = "Quorvane-" + FileStamp(clock_.Now()),
-                               .folder = state_.DefaultFolder,
-                               .extensions = {"png", "pdf"}},
+    prompts_.AskSaveNameLater(WhereToSave("PNG (*.png)|*.png|PDF (*.pdf)|*.pdf|", {"png", "pdf"}),
                               [this, picture = Picture()](const std::string& name) { Save(picture, name); });
 }
 

@@ -4,6 +4,7 @@
 #include "app/Prompts.h"
 #include "graph/ChartPage.h"
 #include "graph/ChartWidget.h"
+#include "graph/FrmPrint.h"
 
 #include <QPageLayout>
 
@@ -23,8 +24,8 @@ public:
     // These return at once, and the dialogs follow.
     /// Shows the page in a window of its own.
     void Preview();
-    /// Asks for the printer and prints the page. Returns at once: a run that goes on takes its readings while
-    /// the dialog is open.
+    /// Asks for the printer, or for a PDF file, and prints the page. Returns at once: a run that goes on
+    /// takes its readings while the dialog is open.
     void Print();
     /// Asks for a name and saves the chart, as large as on the screen: as a picture of twice the screen's
     /// pixels, or as a page of lines and texts when the name ends in ".pdf".
@@ -35,13 +36,17 @@ public:
 
     /// The page as things stand.
     [[nodiscard]] ChartPage Page() const;
-    /// Prints `page` and tells the operator when that fails.
+    /// Prints `page`, as often as the printer was told, and tells the operator when that fails.
     void PrintOn(QPrinter& printer, const ChartPage& page);
 
 private:
     [[nodiscard]] FrozenChart Picture() const;
     void Save(const FrozenChart& picture, const std::string& name);
     void AskForPrinter(const ChartPage& page, QPageLayout::Orientation orientation);
+    void PrintAs(const PrintChoice& choice, const ChartPage& page);
+    void PrintToFile(const PrintChoice& choice, const ChartPage& page);
+    [[nodiscard]] SaveQuestion WhereToSave(const std::string& filter,
+                                           std::vector<std::string> extensions) const;
     void TellFailure(int textId, const std::string& reason);
 
     ChartWidget& chart_;
@@ -52,6 +57,7 @@ private:
     const LocalClock& clock_;
     Prompts& prompts_;
     QWidget* parent_;
+    SystemPrinters printers_;
 };
 
 } // namespace quorvane

@@ -290,7 +290,6 @@ enum OwnText : int {
     kCopiedText = 1454,
     kFolderNotOpenedText = 1455,
 
-
     // The window with the guide.
     kGuideTitleText = 1456,
     kGuideBackText = 1457,    ///< %1: its keys
@@ -310,6 +309,20 @@ enum OwnText : int {
 
     // About the program: the system has not answered yet.
     kProcessorAwaitedText = 1491,
+
+    // Printing.
+    kPrintTitleText = 1492,
+    kPrinterText = 1493,
+    kPrintToFileText = 1494,
+    kPaperText = 1495,
+    kCopiesText = 1496,
+    kOrientationText = 1497,
+    kPrintButtonText = 1498,
+    kPrinterReadyText = 1499,
+    kPrinterBusyText = 1500,
+    kPrinterFaultText = 1501,
+    kPrintToFileHintText = 1502,
+    kNoPrinterText = 1503,
 };
 
 } // namespace quorvane

@@ -491,6 +491,22 @@ constexpr Entry kEntries[] = {
     {kConcUnitText, "mg/m3", "mg/m3"},
     {kCountUnitText, "CPM", "CPM"},
     {kProcessorAwaitedText, "The system is being asked...", "システムに問い合わせ中です..."},
+
+    {kPrintTitleText, "Print", "印刷"},
+    {kPrinterText, "P&rinter:", "プリンター(&R):"},
+    {kPrintToFileText, "Print to file (PDF)", "ファイルへ印刷（PDF）"},
+    {kPaperText, "Pap&er:", "用紙(&E):"},
+    {kCopiesText, "C&opies:", "部数(&O):"},
+    {kOrientationText, "Orientation:", "用紙の向き:"},
+    {kPrintButtonText, "&Print", "印刷(&P)"},
+    {kPrinterReadyText, "The printer is ready.", "プリンターは印刷できます。"},
+    {kPrinterBusyText, "The printer is printing. This page waits its turn.",
+     "プリンターは印刷中です。このページは順番を待ちます。"},
+    {kPrinterFaultText, "The printer is stopped or has a fault.",
+     "プリンターが停止しているか、異常があります。"},
+    {kPrintToFileHintText, "The name of the file is asked for next.", "続いてファイル名を指定します。"},
+    {kNoPrinterText, "This computer has no printer. The page can be written to a PDF file.",
+     "このコンピューターにはプリンターがありません。ページを PDF ファイルに書き込めます。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

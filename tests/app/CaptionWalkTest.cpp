@@ -8,6 +8,7 @@
 #include "app/ToolkitLanguage.h"
 #include "graph/ChartWidget.h"
 #include "graph/FrmGraphSetting.h"
+#include "graph/FrmPrint.h"
 #include "graph/PreviewWindow.h"
 #include "instrument/FrmQuorvaneSetting.h"
 #include "measure/FrmMeasureSetting.h"
@@ -17,6 +18,7 @@
 #include "options/FrmOption.h"
 #include "resources/OwnTexts.h"
 #include "stored/FrmDriveList.h"
+#include "tests/support/FixedPrinters.h"
 #include "tests/support/Operator.h"
 #include "tests/support/PaintedTexts.h"
 #include "tests/support/WindowWorld.h"
@@ -243,6 +245,22 @@ const Row kRows[] = {
      {},
      {{"QDialog title", "Print preview"}},
      [](Desk& d, const Look& look) { Show(look, PreviewWindow({}, d.texts, {}, nullptr)); }},
+    {"printing",
+     {u"Combo1"_qs, u"Combo2"_qs},
+     {{"FrmPrint title", "Print"}, {"Command1 text", "Print"}},
+     [](Desk& d, const Look& look) {
+         FixedPrinters printers;
+         printers.names = {u"Printer"_qs};
+         printers.facts[u"Printer"_qs].state = QPrinter::Active; // is the longest
+         Show(look, FrmPrint({printers, d.texts, {}, {}}, QPageLayout::Landscape, nullptr));
+     }},
+    {"printing without a printer",
+     {u"Combo2"_qs},
+     {{"Combo1 entry 0", "Print to file (PDF)"}},
+     [](Desk& d, const Look& look) {
+         const FixedPrinters none;
+         Show(look, FrmPrint({none, d.texts, {}, {}}, QPageLayout::Landscape, nullptr));
+     }},
     {"message", {}, {{"QMessageBox title", "Quorvane Software"}}, ShowMessage},
     {"open",
      kToolkits,

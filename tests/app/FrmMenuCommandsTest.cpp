@@ -14,7 +14,6 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPointer>
-#include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QSplitter>
 #include <QTimer>
@@ -61,8 +60,8 @@ TEST_F(FrmMenuCommandsTest, ToolbarButtonsAreToldApartByTheirKeys)
     ClickTool("ToolHelp");
     EXPECT_TRUE(Find<QDialog>("FrmHelp")->isVisible());
     ClickTool("ToolPrint");
-    ASSERT_NE(window->findChild<QPrintDialog*>(), nullptr);
-    window->findChild<QPrintDialog*>()->close();
+    ASSERT_NE(Find<QDialog>("FrmPrint"), nullptr);
+    Find<QDialog>("FrmPrint")->close();
     auto* const stranger = Find<QToolBar>("Toolbar1")->addAction(QStringLiteral("save"));
     stranger->setData(QStringLiteral("save")); // the key is "Save"
     stranger->trigger();

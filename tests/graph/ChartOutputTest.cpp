@@ -8,9 +8,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QImage>
 #include <QPainter>
-#include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPushButton>
@@ -165,18 +165,40 @@ TEST_F(ChartOutputTest, FailuresSayWhy)
     ASSERT_THAT(prompts.messages, SizeIs(2));
     EXPECT_THAT(prompts.messages[1].text, HasSubstr("name of a folder"));
 
-    QPrinter printer;
+    QPrinter printer; // that is none, but comes to the same
     printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setCopyCount(3);
     printer.setOutputFileName(QString::fromStdString(folder.Path("page.pdf")));
     output.PrintOn(printer, output.Page());
-    EXPECT_THAT(FileBytes(folder.Path("page.pdf")), StartsWith("%PDF-"));
+    EXPECT_THAT(FileBytes(folder.Path("page.pdf")), AllOf(StartsWith("%PDF-"), HasSubstr("/Count 3")));
     EXPECT_THAT(prompts.messages, SizeIs(2));
     printer.setOutputFileName(QString::fromStdString(folder.Path("absent/page.pdf")));
     const ChartPage page = output.Page();
     EXPECT_NONFATAL_FAILURE(output.PrintOn(printer, page), "Returned false"); // the toolkit's own warning
     ASSERT_THAT(prompts.messages, SizeIs(3));
     EXPECT_THAT(prompts.messages[2].text, HasSubstr("could not be printed"));
-    EXPECT_THAT(prompts.messages[2].text, HasSubstr("does not exist"));
+}
+
+TEST_F(ChartOutputTest, PrintsIntoAFile)
+{
+    prompts.saveNames = {std::nullopt, folder.Path("page.pdf")};
+    output.Print();
+    const QPointer<QDialog> dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_FALSE(dialog.isNull());
+    auto* const printer = dialog->findChild<QComboBox*>(u"Combo1"_qs);
+    printer->setCurrentIndex(printer->count() - 1);
+    auto* const paper = dialog->findChild<QComboBox*>(u"Combo2"_qs);
+    paper->setCurrentIndex(paper->findText(u"A5"_qs));
+    QTest::keyClick(dialog, Qt::Key_Return);
+    ASSERT_TRUE(dialog->isVisible()) << "no name was given";
+    QTest::keyClick(dialog, Qt::Key_Return);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(prompts.saveQuestions[1].extensions, std::vector<std::string>{"pdf"});
+    // across, 210 mm x 148 mm, in points
+    EXPECT_THAT(FileBytes(folder.Path("page.pdf")), HasSubstr("/MediaBox [0 0 595.000000 420.000000]"));
+    EXPECT_THAT(prompts.messages, SizeIs(0));
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(dialog.isNull());
 }
 
 TEST_F(ChartOutputTest, PreviewHoldsNothingUpAndGoesWhenClosed)
@@ -199,9 +221,9 @@ TEST_F(ChartOutputTest, PreviewHoldsNothingUpAndGoesWhenClosed)
     click(u"Upright"_qs);
     EXPECT_EQ(view->orientation(), QPageLayout::Portrait);
     click(u"Print..."_qs); // returns, with the dialog open
-    const QPointer<QPrintDialog> dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+    const QPointer<QDialog> dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     ASSERT_FALSE(dialog.isNull());
-    EXPECT_EQ(dialog->printer()->pageLayout().orientation(), QPageLayout::Portrait);
+    EXPECT_TRUE(dialog->findChild<QAbstractButton*>(u"Option1"_qs)->isChecked());
     QTest::keyClick(dialog, Qt::Key_Escape);
     preview->close();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
