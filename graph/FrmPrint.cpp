@@ -14,7 +14,6 @@ namespace quorvane {
 namespace {
 
 constexpr int kNameLetters = 36; ///< of a printer; a longer name is there all the same, as a tooltip
-constexpr int kStateLines = 2;
 constexpr int kMaxCopies = 99;
 
 int StateText(QPrinter::PrinterState state)
@@ -55,12 +54,10 @@ FrmPrint::FrmPrint(Parts parts, QPageLayout::Orientation orientation, QWidget* p
 
 FrmPrint::~FrmPrint() = default;
 
-/// The line about the printer has room for the longest, so that the dialog keeps its size.
 void FrmPrint::SetFonts()
 {
     SetWindowFont(*this, parts_.texts);
     ui_->Combo1->setMinimumContentsLength(kNameLetters);
-    ui_->State->setMinimumHeight(ui_->State->fontMetrics().lineSpacing() * kStateLines);
 }
 
 void FrmPrint::SetCaptions()

@@ -501,12 +501,12 @@ constexpr Entry kEntries[] = {
     {kPrintButtonText, "&Print", "印刷(&P)"},
     {kPrinterReadyText, "The printer is ready.", "プリンターは印刷できます。"},
     {kPrinterBusyText, "The printer is printing. This page waits its turn.",
-     "プリンターは印刷中です。このページは順番を待ちます。"},
+     "プリンターは印刷中です。順番を待ちます。"},
     {kPrinterFaultText, "The printer is stopped or has a fault.",
      "プリンターが停止しているか、異常があります。"},
     {kPrintToFileHintText, "The name of the file is asked for next.", "続いてファイル名を指定します。"},
-    {kNoPrinterText, "This computer has no printer. The page can be written to a PDF file.",
-     "このコンピューターにはプリンターがありません。ページを PDF ファイルに書き込めます。"},
+    {kNoPrinterText, "No printer is installed. A PDF file can be written.",
+     "プリンターがありません。PDF に印刷できます。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -103,9 +103,8 @@ TEST_F(FrmPrintTest, AFileIsBehindTheLastPrinterAndTheOnlyChoiceWithoutOne)
         EXPECT_EQ(list.count(), hasPrinters ? 3 : 1);
         list.setCurrentIndex(list.count() - 1);
         EXPECT_EQ(list.currentText(), u"Print to file (PDF)"_qs);
-        EXPECT_EQ(State(), hasPrinters
-                               ? "The name of the file is asked for next."
-                               : "This computer has no printer. The page can be written to a PDF file.");
+        EXPECT_EQ(State(), hasPrinters ? "The name of the file is asked for next."
+                                       : "No printer is installed. A PDF file can be written.");
         EXPECT_FALSE(Part<QSpinBox>("Spin1").isEnabled());
         Part<QComboBox>("Combo2").setCurrentText(u"A3"_qs);
         Click("Command1");
