@@ -133,9 +133,8 @@ void FrmPrint::Command1Click()
 void FrmPrint::Finish(const PrintChoice& choice)
 {
     const auto print = parts_.print;
-    const PrintChoice chosen = choice;
     accept();
-    print(chosen);
+    print(choice);
 }
 
 } // namespace quorvane
