@@ -9,7 +9,7 @@
 namespace quorvane {
 namespace {
 
-constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kRowEnd = "\r\n";
 constexpr std::size_t kUsualRowLength = 80;
 
 /// Appends the columns of one row.
@@ -45,7 +45,7 @@ void AppendRow(std::string& out, const MeasurementArrays& arrays, std::size_t i,
         row.Pattern(arrays.DerivedValueA[i], kAveragePattern)
             .Pattern(arrays.DerivedValueB[i], kAveragePattern);
     row.General(arrays.IntegratedCount[i]).Pattern(arrays.IntegratedConc[i], kIntegratedPattern);
-    out.append(kLineEnd);
+    out.append(kRowEnd);
 }
 
 } // namespace
@@ -63,14 +63,14 @@ std::string DataFileText(const MeasurementArrays& arrays, const std::string& dat
     const double factor = LeadingNumber(factorText) / 1000;
     std::string text;
     text.reserve((rows + 5) * kUsualRowLength);
-    text.append(kVersionKey).append(FileVersionText(format.version)).append(kLineEnd);
-    text.append(kDateKey).append(dateText).append(kLineEnd);
-    text.append(kCountKey).append(GeneralText(count, format.decimalSign)).append(kLineEnd);
-    text.append(kFactorKey).append(GeneralText(factor, format.decimalSign)).append(kLineEnd);
+    text.append(kVersionKey).append(FileVersionText(format.version)).append(kRowEnd);
+    text.append(kDateKey).append(dateText).append(kRowEnd);
+    text.append(kCountKey).append(GeneralText(count, format.decimalSign)).append(kRowEnd);
+    text.append(kFactorKey).append(GeneralText(factor, format.decimalSign)).append(kRowEnd);
     if (layout != kFullLayout && layout != kShortLayout)
         return text;
     const bool full = layout == kFullLayout;
-    text.append(full ? kFullHeading : kShortHeading).append(kLineEnd);
+    text.append(full ? kFullHeading : kShortHeading).append(kRowEnd);
     for (std::size_t i = 1; i <= rows; ++i)
         AppendRow(text, arrays, i, full, format.decimalSign);
     return text;

@@ -260,7 +260,7 @@ private:
     Row previous_;
 };
 
-void Store(const Row& row, std::size_t i, MeasurementArrays& arrays)
+void StoreRow(const Row& row, std::size_t i, MeasurementArrays& arrays)
 {
     arrays.MeasureTime[i] = row.time;
     arrays.CountValue[i] = row.count;
@@ -279,7 +279,7 @@ Fault ReadRows(Lines& lines, std::int32_t announced, RowReader reader, Measureme
     arrays.Create(count);
     for (std::int32_t i = 1; i <= count; ++i) {
         if (const auto row = reader.Read(lines.Next())) {
-            Store(*row, static_cast<std::size_t>(i), arrays);
+            StoreRow(*row, static_cast<std::size_t>(i), arrays);
             continue;
         }
         if (i == count && left < wanted) // cut off in the middle of this row

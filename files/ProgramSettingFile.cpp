@@ -31,7 +31,7 @@ constexpr Entry kEntries[] = {
     {"Measure TotalTime_Minute", &Program::ProgramTotalHours},
 };
 
-struct Encoded {
+struct EncodedEntry {
     const Program& program;
 
     std::string operator()(double Program::*field) const { return BlankedText(program.*field); }
@@ -53,7 +53,7 @@ std::optional<FileFault> ProgramSettingFile::SaveProgramSetting(const std::strin
     if (auto fault = profile_.WriteIniValue(kVersionName, kVersionName, FileVersionText(version_), path))
         return fault;
     for (const Entry& entry : kEntries) {
-        const std::string value = std::visit(Encoded{program_}, entry.field);
+        const std::string value = std::visit(EncodedEntry{program_}, entry.field);
         if (auto fault = profile_.WriteIniValue(kSection, entry.key, value, path))
             return fault;
     }

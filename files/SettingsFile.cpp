@@ -43,14 +43,14 @@ using Text = Setting<std::string>;
 using Number = Setting<double>;
 using Integer = Setting<std::int16_t>;
 using Flag = Setting<bool>;
-using Line = std::variant<Fixed, Version, Text, Number, Integer, Flag>;
+using SettingLine = std::variant<Fixed, Version, Text, Number, Integer, Flag>;
 
 constexpr auto kToday = std::nullopt;     // the default of a text: today's date
 constexpr auto kUntouched = std::nullopt; // the defaults leave a number as it is
 
 /// The file from top to bottom. Writer, reader and defaults all follow it. The keys of the instrument's
 /// measuring program stand one unit behind what they hold ("..._Minute=" holds hours); that is the format.
-constexpr Line kLines[] = {
+constexpr SettingLine kLines[] = {
     Fixed{kFirstLine},
     Version{},
     Fixed{""},
@@ -153,7 +153,7 @@ bool Decode(std::string_view text, bool& value)
 }
 
 struct KeyOf {
-    std::string_view operator()(const Line& line) const { return std::visit(*this, line); }
+    std::string_view operator()(const SettingLine& line) const { return std::visit(*this, line); }
     std::string_view operator()(const Fixed&) const { return {}; }
     std::string_view operator()(const Version&) const { return {}; }
     template <typename Value>
@@ -293,7 +293,7 @@ bool SettingsFile::ReadRecords()
 void SettingsFile::SaveSettings()
 {
     std::string text;
-    for (const Line& line : kLines)
+    for (const SettingLine& line : kLines)
         text.append(std::visit(WriteLine{state_, version_}, line)).append("\r\n");
     // Nobody is left to be told when the program closes.
     static_cast<void>(store_.Replace(Path(), codePage_.FromUtf8(text)));
@@ -302,7 +302,7 @@ void SettingsFile::SaveSettings()
 void SettingsFile::ApplyDefaultSettings()
 {
     const std::string today = SystemDateText(clock_.Now(), locale_);
-    for (const Line& line : kLines)
+    for (const SettingLine& line : kLines)
         std::visit(SetDefault{state_, today}, line);
     state_.SamplingSeconds = kUsualSamplingSeconds;
 }

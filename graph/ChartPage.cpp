@@ -17,7 +17,7 @@ namespace {
 constexpr int kLongSide = 1047;
 constexpr int kShortSide = 718;
 constexpr int kTitlePixels = 20;
-constexpr int kTextPixels = 13;
+constexpr int kPageTextPixels = 13;
 constexpr int kTitleHeight = 32;
 constexpr int kLineHeight = 19;
 constexpr std::size_t kFactRows = 4;
@@ -143,10 +143,10 @@ void PaintChartPage(QPainter& painter, const QRectF& area, const ChartPage& page
     painter.setPen(Qt::black);
     painter.setFont(PageFont(page.font, kTitlePixels, true));
     painter.drawText(QRectF(0, 0, size.width(), kTitleHeight), Qt::AlignLeft | Qt::AlignTop, page.title);
-    painter.setFont(PageFont(page.font, kTextPixels, false));
+    painter.setFont(PageFont(page.font, kPageTextPixels, false));
     PaintFacts(painter, {0, kTitleHeight, size.width(), kFactRows * kLineHeight}, page.facts);
     painter.setPen(QColor(176, 0, 0));
-    painter.setFont(PageFont(page.font, kTextPixels, true));
+    painter.setFont(PageFont(page.font, kPageTextPixels, true));
     painter.drawText(QRectF(0, kTitleHeight + kFactRows * kLineHeight, size.width(), kLineHeight),
                      Qt::AlignLeft | Qt::AlignVCenter, page.notice);
     PaintChart(painter, {0, kHeadingHeight, size.width(), size.height() - kHeadingHeight}, page.charts);

@@ -8,7 +8,6 @@
 namespace quorvane {
 namespace {
 
-constexpr double kDaySeconds = 86400;
 constexpr double kPointsPerColumn = 2;
 constexpr double kInColumn = 0.25; ///< where a column's line stands; a half would be rounded either way
 constexpr double kBarShare = 0.06; ///< of the distance of two points

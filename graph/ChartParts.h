@@ -6,6 +6,8 @@
 
 namespace quorvane {
 
+inline constexpr double kDaySeconds = 86400;
+
 /// Labels of the time axis at round times. Coordinates are seconds since 1970, local time taken for UTC.
 class TimeTicker final : public QCPAxisTicker {
 protected:

@@ -11,8 +11,6 @@
 namespace quorvane {
 namespace {
 
-constexpr double kDaySeconds = 86400;
-
 // The picture has colours of its own, whatever the desktop's theme.
 const QColor kPanel(2, 234, 253);
 const QColor kLegendPanel(128, 128, 255);

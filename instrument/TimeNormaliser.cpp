@@ -12,7 +12,7 @@
 namespace quorvane {
 namespace {
 
-constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kTimeDigits = "0123456789";
 constexpr int kHalfDay = 12;
 
 /// The program's two words for the afternoon have two characters; the system's own has any number of them,
@@ -31,8 +31,8 @@ bool IsAfternoon(std::string_view textFromMarker, const LocaleItems& locale, con
 /// separator, or the sign of the half of the day with or without a blank behind it.
 int TakeNumber(std::string_view& text)
 {
-    text.remove_prefix(std::min(text.find_first_of(kDigits), text.size()));
-    const std::size_t length = std::min({text.find_first_not_of(kDigits), text.size(), std::size_t{2}});
+    text.remove_prefix(std::min(text.find_first_of(kTimeDigits), text.size()));
+    const std::size_t length = std::min({text.find_first_not_of(kTimeDigits), text.size(), std::size_t{2}});
     const double number = LeadingNumber(text.substr(0, length));
     text.remove_prefix(length);
     return static_cast<int>(number);

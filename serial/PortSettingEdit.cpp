@@ -12,14 +12,14 @@ namespace {
 
 constexpr std::string_view kBaudRates[] = {"4800", "9600", "19200", "38400"};
 constexpr std::string_view kDataBits[] = {"7", "8"};
-constexpr std::string_view kStopBits[] = {"1", "1.5", "2"};
+constexpr std::string_view kStopBitEntries[] = {"1", "1.5", "2"};
 constexpr int kFlows[] = {kNoneText, kXonXoffText, kRtsCtsText, kXonRtsText}; // RsFlow is the place from 1
 
 struct ParityEntry {
     int text;
     char letter;
 };
-constexpr ParityEntry kParities[] = {{kEvenText, 'e'}, {kOddText, 'o'}, {kNoneText, 'n'}};
+constexpr ParityEntry kParityEntries[] = {{kEvenText, 'e'}, {kOddText, 'o'}, {kNoneText, 'n'}};
 
 /// A list whose entries are the settings themselves.
 struct PlainList {
@@ -35,7 +35,7 @@ std::optional<PlainList> PlainListOf(LineField field)
     case LineField::DataBits:
         return PlainList{kDataBits, &PortSettings::RsDataBit};
     case LineField::StopBits:
-        return PlainList{kStopBits, &PortSettings::RsStopBit};
+        return PlainList{kStopBitEntries, &PortSettings::RsStopBit};
     case LineField::Parity:
     case LineField::Flow:
         break;
@@ -53,7 +53,7 @@ int IndexOf(const Range& range, Place place)
 int ParityIndex(const std::string& letter)
 {
     const char small = letter.size() == 1 ? static_cast<char>(letter[0] | 0x20) : '\0';
-    return IndexOf(kParities, std::ranges::find(kParities, small, &ParityEntry::letter));
+    return IndexOf(kParityEntries, std::ranges::find(kParityEntries, small, &ParityEntry::letter));
 }
 
 } // namespace
@@ -64,7 +64,7 @@ std::vector<std::string> LineEntries(LineField field, const Texts& texts)
     if (const auto plain = PlainListOf(field))
         entries.assign(plain->entries.begin(), plain->entries.end());
     else if (field == LineField::Parity)
-        for (const ParityEntry& parity : kParities)
+        for (const ParityEntry& parity : kParityEntries)
             entries.push_back(texts[parity.text]);
     else
         for (const int flow : kFlows)
@@ -88,8 +88,8 @@ void PortSettingEdit::Pick(LineField field, int index)
     const auto at = static_cast<std::size_t>(index);
     if (plain && at < plain->entries.size())
         port_.*plain->setting = plain->entries[at];
-    else if (field == LineField::Parity && at < std::size(kParities))
-        port_.RsParity = kParities[at].letter;
+    else if (field == LineField::Parity && at < std::size(kParityEntries))
+        port_.RsParity = kParityEntries[at].letter;
     else if (field == LineField::Flow && at < std::size(kFlows))
         port_.RsFlow = static_cast<std::int16_t>(index + 1);
 }

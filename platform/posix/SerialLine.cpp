@@ -23,7 +23,7 @@ constexpr SpeedCode kSpeeds[] = {
     {19200, B19200}, {38400, B38400}, {57600, B57600}, {115200, B115200},
 };
 
-PortFault FaultOf(int error)
+PortFault PortFaultOf(int error)
 {
     switch (error) {
     case ENOENT:
@@ -132,16 +132,16 @@ std::optional<PortFault> OpenLine(const std::string& path, FileDescriptor& line)
 {
     FileDescriptor opened = OpenDescriptor(path, O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (!opened.IsOpen()) {
-        PortFault fault = FaultOf(errno);
+        PortFault fault = PortFaultOf(errno);
         if (fault.kind == PortFaultKind::NoPermission)
             fault.group = GroupThatMayUse(path);
         return fault;
     }
     termios mode{};
     if (::tcgetattr(opened.Get(), &mode) != 0)
-        return FaultOf(errno);
+        return PortFaultOf(errno);
     if (::flock(opened.Get(), LOCK_EX | LOCK_NB) != 0)
-        return FaultOf(errno);
+        return PortFaultOf(errno);
     line = std::move(opened);
     return std::nullopt;
 }
@@ -158,7 +158,7 @@ std::optional<PortFault> ApplyLineSettings(const FileDescriptor& line, const Lin
         return Unsupported("This system has no 1.5 stop bits.");
     termios mode{};
     if (::tcgetattr(line.Get(), &mode) != 0)
-        return FaultOf(errno);
+        return PortFaultOf(errno);
     SetRaw(mode);
     SetFrame(mode, settings);
     SetHandshaking(mode, settings.handshaking);
@@ -171,7 +171,7 @@ std::optional<PortFault> ApplyLineSettings(const FileDescriptor& line, const Lin
     if (result != 0 && errno == EINVAL)
         return Unsupported(ReasonOf(EINVAL));
     if (result != 0)
-        return FaultOf(errno);
+        return PortFaultOf(errno);
     if (!FrameWasTaken(line.Get(), mode))
         return Unsupported("The device does not take these data bits, parity and stop bits.");
     return std::nullopt;
