@@ -12,6 +12,7 @@
 #include "platform/InterruptWatch.h"
 
 #include <QApplication>
+#include <QSessionManager>
 #include <utility>
 
 namespace quorvane {
@@ -81,7 +82,18 @@ int DesktopProgram::Run()
     });
     interruptTimer_.SetInterval(kInterruptPace);
     interruptTimer_.Enable();
+    AnswerTheSystemsEnd();
     return QApplication::exec();
+}
+
+/// The system asks once, before anything is closed, and ends the program a moment later unless it says no.
+void DesktopProgram::AnswerTheSystemsEnd()
+{
+    const auto answer = [this](QSessionManager& session) {
+        if (window_->RefusesEndOfSystem())
+            session.cancel();
+    };
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, window_.get(), answer, Qt::DirectConnection);
 }
 
 void DesktopProgram::SelectLanguage()
@@ -96,34 +108,35 @@ void DesktopProgram::SelectLanguage()
 
 void DesktopProgram::ShowMainWindow()
 {
-    window_ =
-        std::make_unique<FrmMenu>(state_, FrmMenu::Parts{.run = {.link = link_,
-                                                                 .control = *platform_.serial,
-                                                                 .pump = pump_,
-                                                                 .timer1 = timer1_,
-                                                                 .timer2 = timer2_,
-                                                                 .timer3 = timer3_,
-                                                                 .clock = *platform_.clock,
-                                                                 .prompts = prompts_,
-                                                                 .log = log_,
-                                                                 .texts = texts_,
-                                                                 .random = MakeRandomSource()},
-                                                         .timer4 = timer4_,
-                                                         .statusTimer = statusTimer_,
-                                                         .port = port_,
-                                                         .portNames = *platform_.portNames,
-                                                         .portProbe = *platform_.portProbe,
-                                                         .portDescriptions = *platform_.portDescriptions,
-                                                         .drives = drives_,
-                                                         .locale = *platform_.locale,
-                                                         .saveCommand = save_,
-                                                         .openCommand = open_,
-                                                         .programFile = programFile_,
-                                                         .clockTimer = clockTimer_,
-                                                         .files = *platform_.files,
-                                                         .settings = settings_,
-                                                         .arrays = arrays_,
-                                                         .closed = [this] { End(); }});
+    window_ = std::make_unique<FrmMenu>(
+        state_, FrmMenu::Parts{.run = {.link = link_,
+                                       .control = *platform_.serial,
+                                       .pump = pump_,
+                                       .timer1 = timer1_,
+                                       .timer2 = timer2_,
+                                       .timer3 = timer3_,
+                                       .clock = *platform_.clock,
+                                       .prompts = prompts_,
+                                       .log = log_,
+                                       .texts = texts_,
+                                       .random = MakeRandomSource()},
+                               .timer4 = timer4_,
+                               .windowOrder = platform_.windowOrder ? *platform_.windowOrder : windowOrder_,
+                               .statusTimer = statusTimer_,
+                               .port = port_,
+                               .portNames = *platform_.portNames,
+                               .portProbe = *platform_.portProbe,
+                               .portDescriptions = *platform_.portDescriptions,
+                               .drives = drives_,
+                               .locale = *platform_.locale,
+                               .saveCommand = save_,
+                               .openCommand = open_,
+                               .programFile = programFile_,
+                               .clockTimer = clockTimer_,
+                               .files = *platform_.files,
+                               .settings = settings_,
+                               .arrays = arrays_,
+                               .closed = [this] { End(); }});
     prompts_.SetParent(window_.get());
     window_->Load();
     UseProgramLanguage(); // the language choice is known by now

@@ -6,6 +6,7 @@
 #include "app/QtEventPump.h"
 #include "app/QtPrompts.h"
 #include "app/QtTickTimer.h"
+#include "app/QtWindowOrder.h"
 #include "app/Texts.h"
 #include "files/OpenCommand.h"
 #include "files/ProgramFileCommand.h"
@@ -40,6 +41,7 @@ public:
 
 private:
     void AwaitProcessors();
+    void AnswerTheSystemsEnd();
     void SelectLanguage();
     void ShowMainWindow();
     void End();
@@ -55,6 +57,7 @@ private:
     QtTickTimer timer2_;
     QtTickTimer timer3_;
     QtTickTimer timer4_;
+    QtWindowOrder windowOrder_; ///< where the platform has none
     QtTickTimer clockTimer_;
     QtTickTimer statusTimer_;
     QtTickTimer interruptTimer_;

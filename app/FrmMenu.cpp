@@ -51,7 +51,7 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
              state, parts_.arrays, parts_.run.texts, parts_.locale),
       output_(*ui_->TChart1, state, parts_.arrays, parts_.run.texts, parts_.locale, parts_.run.clock,
               parts_.run.prompts, this),
-      keeper_(*this, parts_.timer4),
+      keeper_(*this, parts_.timer4, parts_.windowOrder),
       guide_(parts_.run.texts, *this),
       run_(
           state, parts_.arrays, parts_.run, [this] { Save(); }, *this)

@@ -38,7 +38,8 @@ class FrmMenu final : public QMainWindow, private RunObserver {
 public:
     struct Parts {
         RunServices run;
-        TickTimer& timer4;      ///< keeps windows in front
+        TickTimer& timer4; ///< keeps windows in front
+        WindowOrder& windowOrder;
         TickTimer& statusTimer; ///< brings the status bar up to date
         PortWatch& port;
         const PortNames& portNames;
@@ -62,6 +63,10 @@ public:
     void Load();
     /// Says something for good in the status bar.
     void Announce(const std::string& text);
+    /// The system is about to end (log-off, restart) and asks. A run goes on; unsaved readings are asked
+    /// about as at the close button, when the system has its answer. @return whether it must not end, or
+    /// readings were lost
+    [[nodiscard]] bool RefusesEndOfSystem();
 
     /// More is known about the machine than before.
     void ShowMachineFacts();

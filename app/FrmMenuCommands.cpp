@@ -13,6 +13,7 @@
 #include <QDropEvent>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QTimer>
 #include <QUrl>
 #include <utility>
 
@@ -361,6 +362,16 @@ void FrmMenu::PutCloseOff()
         instrumentSetting_->reject(); // ends its exchange; nothing there is lost
     if (run_.State() == RunState::Starting || run_.State() == RunState::Measuring)
         run_.Stop(); // not in its stop exchange: that would give it up
+}
+
+bool FrmMenu::RefusesEndOfSystem()
+{
+    if (Busy())
+        return true;
+    if (!isWindowModified())
+        return false;
+    QTimer::singleShot(0, this, &QWidget::close);
+    return true;
 }
 
 /// The question about unsaved readings, before the window closes, a file is opened, or the graph settings

@@ -1,6 +1,5 @@
 #include "app/WindowKeeper.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QWidget>
 
@@ -16,7 +15,8 @@ FrontWindow::Handle HandleOf(const QWidget& window)
 
 } // namespace
 
-WindowKeeper::WindowKeeper(QWidget& main, TickTimer& timer4) : main_(main), timer4_(timer4)
+WindowKeeper::WindowKeeper(QWidget& main, TickTimer& timer4, WindowOrder& order)
+    : main_(main), timer4_(timer4), order_(order)
 {
     if (main_.isActiveWindow())
         rule_.MainActivated(HandleOf(main_));
@@ -70,16 +70,17 @@ void WindowKeeper::Forget(const QObject* dialog)
 
 void WindowKeeper::Tick()
 {
-    const QWidget* const active = QApplication::activeWindow(); // none while another program is in front
-    const FrontWindow::Raise raise = rule_.OnTick(active == nullptr ? 0 : HandleOf(*active));
-    if (active == nullptr || raise == FrontWindow::Raise::Nothing)
-        return;
-    if (raise == FrontWindow::Raise::Main) {
-        main_.raise();
-        return;
+    switch (rule_.OnTick(order_.Foreground())) {
+    case FrontWindow::Raise::Nothing:
+        break;
+    case FrontWindow::Raise::Main:
+        order_.BringToTop(HandleOf(main_));
+        break;
+    case FrontWindow::Raise::Second:
+        order_.BringToTop(HandleOf(*second_));
+        second_->activateWindow(); // the main window has had the focus, which goes with it
+        break;
     }
-    second_->raise();
-    second_->activateWindow();
 }
 
 } // namespace quorvane

@@ -2,6 +2,7 @@
 
 #include "app/FrontWindow.h"
 #include "app/TickTimer.h"
+#include "app/WindowOrder.h"
 
 #include <QObject>
 
@@ -10,13 +11,10 @@ class QWidget;
 namespace quorvane {
 
 /// Keeps a dialog in front of the main window, and brings the main window back when the dialog has closed.
-///
-/// It never takes the focus from another program: it acts only while one of this program's own windows is
-/// the active one, so whatever it activates, the focus moves within the program.
 class WindowKeeper final : public QObject {
 public:
     /// @param timer4  ticks every 500 ms from here on
-    WindowKeeper(QWidget& main, TickTimer& timer4);
+    WindowKeeper(QWidget& main, TickTimer& timer4, WindowOrder& order);
     ~WindowKeeper() override;
     WindowKeeper(const WindowKeeper&) = delete;
     WindowKeeper& operator=(const WindowKeeper&) = delete;
@@ -34,6 +32,7 @@ private:
 
     QWidget& main_;
     TickTimer& timer4_;
+    WindowOrder& order_;
     FrontWindow rule_;
     QWidget* second_ = nullptr; ///< the watched dialog that was shown last, while it is shown
 };

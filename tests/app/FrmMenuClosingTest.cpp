@@ -101,6 +101,27 @@ TEST_F(FrmMenuClosingTest, ACloseDuringARunComesBackWhenTheRunHasEnded)
     EXPECT_EQ(Rows(), 2);
 }
 
+TEST_F(FrmMenuClosingTest, ASystemThatEndsWaitsForReadings)
+{
+    Plan(3, 1);
+    Open();
+    EXPECT_FALSE(window->RefusesEndOfSystem()) << "there is nothing to lose";
+    onPump = [this](long) {
+        if (window->Run().State() == RunState::Measuring) {
+            EXPECT_TRUE(window->RefusesEndOfSystem());
+        }
+    };
+    Measure();
+    EXPECT_EQ(Rows(), 3) << "the run has gone on";
+    EXPECT_THAT(Messages(), ElementsAre());
+    prompts.answers = {Answer::No};
+    EXPECT_TRUE(window->RefusesEndOfSystem());
+    EXPECT_TRUE(window->isVisible()) << "the system has its answer first";
+    QApplication::processEvents();
+    EXPECT_THAT(Messages(), ElementsAre("Data is not saved. Do you save?"));
+    EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(FrmMenuClosingTest, ACloseBehindTheQuestionAboutALongTableComesAfterIt)
 {
     for (const Answer answer : {Answer::Yes, Answer::No}) {

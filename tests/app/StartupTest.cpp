@@ -88,19 +88,6 @@ TEST_F(StartupTest, NothingThatIsMissingKeepsTheProgramFromStarting)
     EXPECT_TRUE(prompts.messages.empty());
 }
 
-TEST_F(StartupTest, DoesNotWaitForTheProcessors)
-{
-    system.processors.reset();
-    ASSERT_EQ(Start(), StartupResult::Running);
-    EXPECT_TRUE(stateAtWindow && stateAtWindow->CpuAwaited);
-    EXPECT_FALSE(RecordProcessors(state, system));
-    EXPECT_TRUE(state.CpuAwaited);
-    system.processors = {{{"Family 6", "Late", "Maker", 1000, 2000, 512}}};
-    EXPECT_TRUE(RecordProcessors(state, system));
-    EXPECT_FALSE(state.CpuAwaited);
-    EXPECT_EQ(state.CpuName, "Late");
-}
-
 TEST_F(StartupTest, TheLastProcessorStays)
 {
     std::vector<ProcessorRecord> two = {{"Family 6", "First", "Maker A", 1000, 2000, 512},

@@ -1,5 +1,6 @@
 #include "app/WindowKeeper.h"
 
+#include "app/QtWindowOrder.h"
 #include "tests/support/World.h"
 
 #include <QApplication>
@@ -40,7 +41,8 @@ struct WindowKeeperTest : testing::Test {
     Raises mainRaises{main};
     std::unique_ptr<QWidget> dialog = std::make_unique<QWidget>();
     Raises dialogRaises{*dialog};
-    WindowKeeper keeper{main, timer4};
+    QtWindowOrder order;
+    WindowKeeper keeper{main, timer4, order};
 
     void Tick() { static_cast<void>(world.Serve(500ms)); }
     static void Activate(QWidget& window)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/FrmMenu.h"
+#include "app/QtWindowOrder.h"
 #include "files/FileProfile.h"
 #include "measure/LiveTable.h"
 #include "stored/QtDriveFolders.h"
@@ -44,6 +45,7 @@ struct WindowWorld : InstrumentWorld {
         settings.SaveSettings();
         window = std::make_unique<FrmMenu>(state, FrmMenu::Parts{.run = Services([] { return 0.5; }),
                                                                  .timer4 = timer4,
+                                                                 .windowOrder = windowOrder,
                                                                  .statusTimer = statusTimer,
                                                                  .port = portWatch,
                                                                  .portNames = names,
@@ -131,6 +133,7 @@ struct WindowWorld : InstrumentWorld {
     std::function<void(long)> onPump;
     int closed = 0;
     WorldTimer timer4{world};
+    QtWindowOrder windowOrder;
     WorldTimer statusTimer{world};
     SettingsFile settings{state, files, codePage, world, locale, {0, 1, 0}};
     SaveCommand save{state, arrays, {files, codePage, locale, world, prompts, texts, {0, 1, 0}}};
