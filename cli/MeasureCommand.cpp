@@ -5,17 +5,15 @@
 #include "cli/CommandWorld.h"
 #include "cli/InstrumentLine.h"
 #include "cli/RunReport.h"
-#include "files/AppFiles.h"
 #include "files/NumberText.h"
 #include "files/SaveCommand.h"
 #include "measure/MeasurementRun.h"
 #include "measure/RunStatusText.h"
 #include "measure/SimulatedReading.h"
+#include "platform/Platform.h"
 #include "resources/OwnTexts.h"
 
-#include <filesystem>
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace quorvane {
@@ -165,8 +163,7 @@ bool Measurement::Save()
                            std::to_string(state_.SampleCount) + ")");
         return true;
     }
-    std::error_code error;
-    const std::string folders[] = {state_.AppPath, Utf8FromPath(std::filesystem::temp_directory_path(error))};
+    const std::string folders[] = {state_.AppPath, TemporaryFolder()};
     const auto rescued = save_.Rescue(folders);
     world_.console.Say(rescued ? FilledIn(world_.texts[kRescuedText], *rescued)
                                : world_.texts[kNotRescuedText]);

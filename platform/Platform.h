@@ -4,6 +4,7 @@
 #include "app/LocalClock.h"
 #include "app/LocaleItems.h"
 #include "app/SystemInfo.h"
+#include "app/WindowOrder.h"
 #include "files/CodePage.h"
 #include "files/FileStore.h"
 #include "files/Folders.h"
@@ -21,7 +22,7 @@
 
 namespace quorvane {
 
-/// The system's side of core's interfaces. None of them is null.
+/// The system's side of core's interfaces. None of them is null but `windowOrder`.
 struct Platform {
     std::unique_ptr<SerialControl> serial;
     std::unique_ptr<PortNames> portNames;
@@ -36,6 +37,7 @@ struct Platform {
     std::unique_ptr<LocalClock> clock;
     std::unique_ptr<SystemInfo> systemInfo;
     std::unique_ptr<InstanceLock> instanceLock; ///< not taken before it is asked
+    std::unique_ptr<WindowOrder> windowOrder;   ///< null where only the toolkit knows its windows
 };
 
 /// Also sees to it that the standard streams are open, or the port could get the number of one, and that a
@@ -53,12 +55,15 @@ struct Platform {
 /// knows none.
 [[nodiscard]] std::string UserDataFolder();
 
+/// The system's folder for files that nobody keeps, UTF-8; empty when it knows none.
+[[nodiscard]] std::string TemporaryFolder();
+
 /// An environment variable, UTF-8. @return nothing when it is not set; an empty text when it is set to
 /// nothing
 [[nodiscard]] std::optional<std::string> EnvironmentText(const std::string& name);
 
-/// A program with windows that was started from a console can write to it from here on; a standard stream that
-/// leads somewhere already stays as it is.
+/// A program with windows that was started from a console can write to it from here on; a standard stream
+/// that leads somewhere already stays as it is.
 void WriteToStartersConsole();
 
 [[nodiscard]] bool StandardErrorIsTerminal();

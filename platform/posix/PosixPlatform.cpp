@@ -1,3 +1,4 @@
+#include "files/AppFiles.h"
 #include "files/FileProfile.h"
 #include "platform/Platform.h"
 #include "platform/posix/FileDescriptor.h"
@@ -79,6 +80,7 @@ Platform MakePlatform()
         .clock = std::make_unique<PosixLocalClock>(),
         .systemInfo = std::make_unique<PosixSystemInfo>(),
         .instanceLock = std::make_unique<PosixInstanceLock>(),
+        .windowOrder = nullptr,
     };
 }
 
@@ -101,6 +103,12 @@ std::string UserDataFolder()
         return dataHome + "/quorvane";
     const std::string home = HomeFolder();
     return home.starts_with('/') ? home + "/.local/share/quorvane" : "";
+}
+
+std::string TemporaryFolder()
+{
+    std::error_code error;
+    return Utf8FromPath(std::filesystem::temp_directory_path(error));
 }
 
 std::optional<std::string> EnvironmentText(const std::string& name)

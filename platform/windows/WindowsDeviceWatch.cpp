@@ -49,6 +49,8 @@ void WindowsDeviceWatch::MakeWindow()
 
 LRESULT CALLBACK WindowsDeviceWatch::Hear(HWND window, UINT message, WPARAM event, LPARAM data)
 {
+    if (message == WM_CLOSE)
+        return 0; // from programs that close whatever they find; it lives as long as its owner
     const bool comesOrGoes = event == DBT_DEVICEARRIVAL || event == DBT_DEVICEREMOVECOMPLETE;
     auto* const watch = reinterpret_cast<WindowsDeviceWatch*>(::GetWindowLongPtrW(window, GWLP_USERDATA));
     if (message == WM_DEVICECHANGE && comesOrGoes && watch != nullptr &&

@@ -94,14 +94,30 @@ Fault CheckName(const std::wstring& path)
     return made.IsOpen() || ::GetLastError() == ERROR_FILE_EXISTS ? Fault{} : LastFault();
 }
 
-/// Asks whether there is a file that may be written, and lets go of it again.
+/// Asks whether there is a file that may be written and replaced, and lets go of it again.
 Fault CheckTarget(const std::wstring& target)
 {
     if (NamesStream(target))
         return FaultOf(ERROR_INVALID_NAME);
     Handle old;
-    Fault fault = OpenDiskFile(target, GENERIC_WRITE, OPEN_EXISTING, old);
+    Fault fault = OpenDiskFile(target, GENERIC_WRITE | DELETE, OPEN_EXISTING, old);
     return fault && fault->kind != FileFaultKind::NotFound ? fault : Fault{};
+}
+
+/// Tries again for a moment: scanners and folders in the cloud hold a file just after it was written.
+template <typename Try>
+Fault Patiently(const Try& attempt)
+{
+    constexpr int kTries = 10;
+    constexpr DWORD kPauseMs = 30;
+    for (int i = 1;; ++i) {
+        Fault fault = attempt();
+        const bool held =
+            fault && (fault->kind == FileFaultKind::InUse || fault->kind == FileFaultKind::NoPermission);
+        if (!held || i == kTries)
+            return fault;
+        ::Sleep(kPauseMs);
+    }
 }
 
 /// A new file beside the one that it is to replace; removed unless it was kept.
@@ -223,14 +239,14 @@ Fault WindowsFileStore::CheckReplace(const std::string& path) const
 Fault WindowsFileStore::Replace(const std::string& path, std::string_view bytes)
 {
     const std::wstring target = Followed(WidePath(path));
-    if (Fault fault = CheckTarget(target))
+    if (Fault fault = Patiently([&] { return CheckTarget(target); }))
         return fault;
     TemporaryFile beside;
     if (Fault fault = beside.Create(FolderOf(target)))
         return fault;
     if (Fault fault = beside.Write(bytes))
         return fault;
-    return beside.RenameTo(target);
+    return Patiently([&] { return beside.RenameTo(target); });
 }
 
 } // namespace quorvane

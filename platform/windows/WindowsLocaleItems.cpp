@@ -9,15 +9,23 @@ namespace {
 
 static_assert(LOCALE_NAME_USER_DEFAULT == nullptr);
 
-std::string Item(const wchar_t* localeName, LCTYPE item, const char* fallback)
+/// An item of a locale that `ask` knows; its length is asked for first.
+template <typename Ask>
+std::string Item(const Ask& ask, const char* fallback)
 {
-    const int length = ::GetLocaleInfoEx(localeName, item, nullptr, 0);
+    const int length = ask(nullptr, 0);
     if (length <= 1) // the terminator counts
         return fallback;
     std::wstring text(static_cast<std::size_t>(length), L'\0');
-    ::GetLocaleInfoEx(localeName, item, text.data(), length);
+    ask(text.data(), length);
     text.pop_back();
     return Utf8(text);
+}
+
+std::string Item(const wchar_t* localeName, LCTYPE item, const char* fallback)
+{
+    return Item([&](wchar_t* text, int size) { return ::GetLocaleInfoEx(localeName, item, text, size); },
+                fallback);
 }
 
 } // namespace
@@ -79,7 +87,12 @@ std::string WindowsLocaleItems::AfternoonSign() const
 
 std::string WindowsLocaleItems::SystemLanguageName() const
 {
-    return Item(LOCALE_NAME_SYSTEM_DEFAULT, LOCALE_SENGLISHLANGUAGENAME, "English");
+    // By its number: not every system knows the default one by its name.
+    return Item(
+        [](wchar_t* text, int size) {
+            return ::GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_SENGLISHLANGUAGENAME, text, size);
+        },
+        ""); // which stands for no language that the program knows
 }
 
 } // namespace quorvane

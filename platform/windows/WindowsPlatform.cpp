@@ -14,6 +14,7 @@
 #include "platform/windows/WindowsPrivateProfile.h"
 #include "platform/windows/WindowsSerialControl.h"
 #include "platform/windows/WindowsSystemInfo.h"
+#include "platform/windows/WindowsWindowOrder.h"
 
 #include <cstdio>
 #include <shellapi.h>
@@ -29,10 +30,10 @@ bool IsConsole(DWORD standardHandle)
     return ::GetConsoleMode(::GetStdHandle(standardHandle), &mode) != FALSE;
 }
 
-/// A console shows UTF-8 from here on and obeys the sequence that erases a line.
+/// A console obeys the sequence that erases a line from here on. Its code page stays the user's, for the
+/// programs that come after this one.
 void PrepareConsole()
 {
-    ::SetConsoleOutputCP(CP_UTF8);
     const HANDLE error = ::GetStdHandle(STD_ERROR_HANDLE);
     DWORD mode = 0;
     if (::GetConsoleMode(error, &mode))
@@ -58,6 +59,7 @@ Platform MakePlatform()
         .clock = std::make_unique<WindowsLocalClock>(),
         .systemInfo = std::make_unique<WindowsSystemInfo>(),
         .instanceLock = std::make_unique<WindowsInstanceLock>(),
+        .windowOrder = std::make_unique<WindowsWindowOrder>(),
     };
 }
 
@@ -98,6 +100,14 @@ std::string UserDataFolder()
     const std::string folder = SUCCEEDED(result) ? Utf8(path) + "\\Quorvane" : "";
     ::CoTaskMemFree(path);
     return folder;
+}
+
+std::string TemporaryFolder()
+{
+    std::wstring path(MAX_PATH + 1, L'\0');
+    path.resize(
+        ::GetTempPathW(static_cast<DWORD>(path.size()), path.data())); // never longer, says the system
+    return Utf8(path);
 }
 
 std::optional<std::string> EnvironmentText(const std::string& name)

@@ -3,15 +3,15 @@
 #include "platform/windows/WindowsSerialLine.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace quorvane {
 namespace {
+constexpr std::size_t kLargestRead = 4096;
 constexpr DWORD kPatienceMs = 200;
-}
+} // namespace
 
-/// A write that the system works on; its bytes stay where they are until it is done.
+/// A read or write that the system works on; its bytes stay where they are until it is done.
 struct WindowsSerialControl::Transfer {
     Transfer() : event(::CreateEventW(nullptr, TRUE, FALSE, nullptr)) { overlapped.hEvent = event.Get(); }
 
@@ -140,19 +140,25 @@ void WindowsSerialControl::TakeIn()
 // comes.
 WindowsSerialControl::ReadOutcome WindowsSerialControl::ReadBlock(std::size_t size)
 {
-    std::array<char, 4096> bytes{};
-    Transfer read;
-    const auto wanted = static_cast<DWORD>(std::min(size, bytes.size()));
-    if (!::ReadFile(line_.Get(), bytes.data(), wanted, nullptr, &read.overlapped) &&
+    auto read = std::make_unique<Transfer>();
+    read->bytes.resize(std::min(size, kLargestRead));
+    if (!::ReadFile(line_.Get(), read->bytes.data(), static_cast<DWORD>(read->bytes.size()), nullptr,
+                    &read->overlapped) &&
         ::GetLastError() != ERROR_IO_PENDING)
         return ReadOutcome::Lost;
-    if (::WaitForSingleObject(read.event.Get(), kPatienceMs) != WAIT_OBJECT_0)
-        ::CancelIoEx(line_.Get(), &read.overlapped);
+    const auto ended = [&] { return ::WaitForSingleObject(read->event.Get(), kPatienceMs) == WAIT_OBJECT_0; };
+    if (!ended()) {
+        ::CancelIoEx(line_.Get(), &read->overlapped);
+        if (!ended()) {
+            read.release(); // NOLINT(bugprone-unused-return-value): a driver that cancels late still uses it
+            return ReadOutcome::Lost;
+        }
+    }
     DWORD count = 0;
-    if (!::GetOverlappedResult(line_.Get(), &read.overlapped, &count, TRUE) &&
+    if (!::GetOverlappedResult(line_.Get(), &read->overlapped, &count, FALSE) &&
         ::GetLastError() != ERROR_OPERATION_ABORTED)
         return ReadOutcome::Lost;
-    in_.Append({bytes.data(), count});
+    in_.Append({read->bytes.data(), count});
     return count > 0 ? ReadOutcome::Taken : ReadOutcome::Nothing;
 }
 
@@ -168,6 +174,8 @@ void WindowsSerialControl::SendWaiting()
             }
             write_->underWay = false;
             out_.insert(0, write_->bytes.substr(std::min<std::size_t>(count, write_->bytes.size())));
+            if (count == 0)
+                return; // held back; the next look tries again
         }
         if (out_.empty())
             return;

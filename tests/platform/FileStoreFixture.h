@@ -29,6 +29,17 @@ protected:
         std::ofstream(In(name), std::ios::binary) << bytes;
         std::filesystem::permissions(In(name), std::filesystem::perms(mode));
     }
+    void ExpectNoFile(const std::string& target)
+    {
+        std::string bytes = "of before";
+        for (const auto& fault : {store_.CheckReplace(target), store_.Replace(target, "x"),
+                                  store_.Append(target, "x"), store_.ReadWhole(target, bytes)}) {
+            ASSERT_TRUE(fault) << target;
+            EXPECT_EQ(fault->kind, FileFaultKind::NotAFile) << target;
+            EXPECT_FALSE(fault->systemReason.empty()) << target;
+        }
+        EXPECT_EQ(bytes, "") << target;
+    }
 
     ScratchFolder folder_;
     Platform system_ = MakePlatform();

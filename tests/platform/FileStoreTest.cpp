@@ -35,14 +35,7 @@ TEST_F(FileStoreTest, AFolderIsRefusedAndStays)
 {
     fs::create_directory(In("folder"));
     for (const std::string& target : {In("folder"), In("folder/")}) {
-        std::string bytes = "of before";
-        for (const auto& fault : {store_.CheckReplace(target), store_.Replace(target, "x"),
-                                  store_.Append(target, "x"), store_.ReadWhole(target, bytes)}) {
-            ASSERT_TRUE(fault) << target;
-            EXPECT_EQ(fault->kind, FileFaultKind::NotAFile) << target;
-            EXPECT_FALSE(fault->systemReason.empty()) << target;
-        }
-        EXPECT_EQ(bytes, "") << target;
+        ExpectNoFile(target);
         EXPECT_EQ(store_.Size(target), std::nullopt) << target;
     }
     EXPECT_THAT(Names(), ElementsAre("folder"));

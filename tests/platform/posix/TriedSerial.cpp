@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <sstream>
 #include <stdexcept>
 #include <sys/socket.h>
@@ -105,7 +106,14 @@ public:
         static int count = 0;
         number_ = std::to_string(++count) + ' ';
     }
-    ~WindowsControl() override { Ask("end"); }
+    ~WindowsControl() override
+    {
+        try {
+            Ask("end");
+        } catch (const std::runtime_error&) {
+            ADD_FAILURE() << "the Windows program has gone";
+        }
+    }
     WindowsControl(const WindowsControl&) = delete;
     WindowsControl& operator=(const WindowsControl&) = delete;
 

@@ -29,7 +29,7 @@ TEST(WindowsCodePage, HoldsWhatTheCodePageHoldsAndNoLookAlikes)
         EXPECT_EQ(page.FromUtf8(row.utf8), row.bytes) << row.what;
         EXPECT_EQ(page.ToUtf8(row.bytes), row.back) << row.what;
     }
-    EXPECT_EQ(WindowsCodePage().FromUtf8("\u00e4 ä 測"), WindowsCodePage(CP_ACP).FromUtf8("\u00e4 ä 測"));
+    EXPECT_EQ(WindowsCodePage(932).ToUtf8("A\x83"), "A\u30fb") << "cut in the middle of a character";
 }
 
 } // namespace

@@ -38,19 +38,6 @@ TEST(WindowsLocaleItems, AreTheUsersOwn)
     EXPECT_EQ(items.SystemLanguageName(), AnsiItem(LOCALE_SYSTEM_DEFAULT, LOCALE_SENGLANGUAGE));
 }
 
-TEST(WindowsLocaleItems, SayWhatTheSystemWrites)
-{
-    const WindowsLocaleItems japanese(L"ja-JP");
-    EXPECT_EQ(japanese.TimeFormat(), "H:mm:ss");
-    EXPECT_EQ(japanese.HourLeadingZero(), "0");
-    EXPECT_EQ(japanese.AfternoonSign(), "午後");
-    const WindowsLocaleItems german(L"de-DE");
-    EXPECT_EQ(german.DateSeparator(), ".");
-    EXPECT_EQ(german.DecimalSign(), ",");
-    const WindowsLocaleItems american(L"en-US");
-    EXPECT_EQ(american.MonthLeadingZero() + american.DayLeadingZero() + american.Century(), "001");
-}
-
 std::vector<std::wstring> Regions()
 {
     std::vector<std::wstring> names;

@@ -1,6 +1,8 @@
 #include "platform/windows/WindowsSystemInfo.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
+#include <thread>
 #include <windows.h>
 
 namespace quorvane {
@@ -24,11 +26,15 @@ TEST(WindowsSystemInfo, KnowsTheVersion)
 
 TEST(WindowsSystemInfo, KnowsTheProcessors)
 {
-    const auto processors = WindowsSystemInfo().Processors();
-    ASSERT_FALSE(processors.empty());
-    EXPECT_NE(processors[0].name, "");
-    EXPECT_NE(processors[0].manufacturer, "");
-    EXPECT_GT(processors[0].maxClockSpeed, 0);
+    WindowsSystemInfo system;
+    system.AskForProcessors();
+    std::optional<std::vector<ProcessorRecord>> processors;
+    while (!(processors = system.TakeProcessors()))
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    ASSERT_FALSE(processors->empty());
+    EXPECT_NE(processors->front().name, "");
+    EXPECT_NE(processors->front().manufacturer, "");
+    EXPECT_GT(processors->front().maxClockSpeed, 0);
 }
 
 } // namespace
