@@ -18,6 +18,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QSaveFile>
 #include <QStorageInfo>
 #include <functional>
@@ -182,10 +183,10 @@ void ChartOutput::PrintAs(const PrintChoice& choice, const ChartPage& page)
 {
     if (choice.printer.isEmpty())
         return PrintToFile(choice, page);
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPrinterName(choice.printer);
-    if (printer.printerName() != choice.printer) // it has gone, and the toolkit takes another one for it
+    const QPrinterInfo info = QPrinterInfo::printerInfo(choice.printer);
+    if (info.isNull()) // it has gone, and the toolkit would take another one for it
         return TellFailure(kNotPrintedText, {});
+    QPrinter printer(info, QPrinter::HighResolution); // asks nothing of the default printer, which may be slow
     printer.setDocName(page.title);
     printer.setPageSize(choice.paper);
     printer.setPageOrientation(choice.orientation);

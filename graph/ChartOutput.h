@@ -25,7 +25,7 @@ public:
     /// Shows the page in a window of its own.
     void Preview();
     /// Asks for the printer, or for a PDF file, and prints the page. Returns at once: a run that goes on
-    /// takes its readings while the dialog is open.
+    /// takes its readings while the dialog is open, though not while a printer's driver works.
     void Print();
     /// Asks for a name and saves the chart, as large as on the screen: as a picture of twice the screen's
     /// pixels, or as a page of lines and texts when the name ends in ".pdf".

@@ -499,14 +499,14 @@ constexpr Entry kEntries[] = {
     {kCopiesText, "C&opies:", "部数(&O):"},
     {kOrientationText, "Orientation:", "用紙の向き:"},
     {kPrintButtonText, "&Print", "印刷(&P)"},
-    {kPrinterReadyText, "The printer is ready.", "プリンターは印刷できます。"},
+    {kPrinterReadyText, "The printer is ready.", "印刷できる状態です。"},
     {kPrinterBusyText, "The printer is printing. This page waits its turn.",
-     "プリンターは印刷中です。順番を待ちます。"},
+     "プリンターは使用中です。順番に印刷されます。"},
     {kPrinterFaultText, "The printer is stopped or has a fault.",
      "プリンターが停止しているか、異常があります。"},
     {kPrintToFileHintText, "The name of the file is asked for next.", "続いてファイル名を指定します。"},
     {kNoPrinterText, "No printer is installed. A PDF file can be written.",
-     "プリンターがありません。PDF に印刷できます。"},
+     "プリンターがありません。PDF ファイルに出力できます。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -20,9 +20,6 @@ if(TARGET quorvane)
 
   # Named one by one: what the programs ask for is looked up in lower case, which only Windows takes for the same.
   set(libraries Qt6::Core Qt6::Gui Qt6::Widgets Qt6::PrintSupport QCustomPlotQt6::QCustomPlotQt6)
-  if(TARGET Qt6::SerialPort)
-    list(APPEND libraries Qt6::SerialPort)
-  endif()
   install(IMPORTED_RUNTIME_ARTIFACTS ${libraries} RUNTIME_DEPENDENCY_SET bundled RUNTIME DESTINATION . ${QUORVANE_BUNDLE})
 
   # The compiler's libraries, and those of a Qt that uses others.

@@ -121,19 +121,6 @@ TEST_F(FrmPrintTest, AFileIsBehindTheLastPrinterAndTheOnlyChoiceWithoutOne)
     EXPECT_TRUE(printed.empty());
 }
 
-TEST_F(FrmPrintTest, CancelAndEscapePrintNothing)
-{
-    for (const bool cancel : {true, false}) {
-        Show();
-        if (cancel)
-            Click("Command2");
-        else
-            QTest::keyClick(dialog.get(), Qt::Key_Escape);
-        EXPECT_FALSE(dialog->isVisible());
-    }
-    EXPECT_TRUE(printed.empty());
-}
-
 /// The toolkit's own menu would hold up a run that goes on.
 TEST_F(FrmPrintTest, TheNumberOfCopiesHasNoMenu)
 {
