@@ -27,6 +27,6 @@ build_packages=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools qt6-transl
     fonts-noto-cjk)
 wayland_packages=(qt6-wayland) # where there is no X server beside it
 desktop_check_packages=(xvfb xdotool imagemagick fonts-noto-cjk)
-windows_packages=(g++-mingw-w64-x86-64-posix wine64 wine)
+windows_packages=(g++-mingw-w64-x86-64-posix googletest wine64 wine)
 test_packages=("${build_packages[@]}" git clang-format-14 clang-tidy-14 libgtest-dev libgmock-dev libbenchmark-dev
-    g++-mingw-w64-x86-64-posix googletest wine64 wine "${desktop_check_packages[@]}")
+    "${windows_packages[@]}" "${desktop_check_packages[@]}")
