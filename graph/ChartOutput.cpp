@@ -186,7 +186,8 @@ void ChartOutput::PrintAs(const PrintChoice& choice, const ChartPage& page)
     const QPrinterInfo info = QPrinterInfo::printerInfo(choice.printer);
     if (info.isNull()) // it has gone, and the toolkit would take another one for it
         return TellFailure(kNotPrintedText, {});
-    QPrinter printer(info, QPrinter::HighResolution); // asks nothing of the default printer, which may be slow
+    // By its record: by its name the default printer, which may be slow, would be asked first.
+    QPrinter printer(info, QPrinter::HighResolution);
     printer.setDocName(page.title);
     printer.setPageSize(choice.paper);
     printer.setPageOrientation(choice.orientation);
