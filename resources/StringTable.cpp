@@ -506,7 +506,7 @@ constexpr Entry kEntries[] = {
      "プリンターが停止しているか、異常があります。"},
     {kPrintToFileHintText, "The name of the file is asked for next.", "続いてファイル名を指定します。"},
     {kNoPrinterText, "No printer is installed. A PDF file can be written.",
-     "プリンターがありません。PDF ファイルに出力できます。"},
+     "プリンターがありません。PDF に出力できます。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
