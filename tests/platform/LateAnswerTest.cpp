@@ -38,18 +38,18 @@ TEST(LateAnswer, IsEmptyWhereTheWorkFails)
 
 TEST(LateAnswer, NobodyWaitsForOneThatDoesNotCome)
 {
-    std::promise<void> goOn;
-    std::promise<void> gone;
+    const auto goOn = std::make_shared<std::promise<void>>();
+    const auto gone = std::make_shared<std::promise<void>>();
     {
         LateAnswer<int> question;
-        question.Ask([&, last = std::make_shared<int>(1)] {
-            goOn.get_future().wait();
-            gone.set_value_at_thread_exit();
-            return *last;
+        question.Ask([goOn, gone] {
+            goOn->get_future().wait();
+            gone->set_value();
+            return 1;
         });
     }
-    goOn.set_value(); // not before the question has gone: who waits for the worker waits for ever
-    gone.get_future().wait();
+    goOn->set_value(); // not before the question has gone: who waits for the worker waits for ever
+    gone->get_future().wait();
 }
 
 } // namespace
