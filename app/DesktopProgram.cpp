@@ -33,9 +33,11 @@ DesktopProgram::DesktopProgram(Platform platform)
       link_(state_, {*platform_.serial, *platform_.portNames, pump_, timer1_, prompts_, log_, texts_}),
       settings_(state_, *platform_.files, *platform_.codePage, *platform_.clock, *platform_.locale,
                 kProgramVersion),
+      journal_(state_, state_, arrays_, *platform_.journals),
+      recovery_(state_, arrays_, *platform_.journals, journal_),
       save_(state_, arrays_,
             {*platform_.files, *platform_.codePage, *platform_.locale, *platform_.clock, prompts_, texts_,
-             kProgramVersion}),
+             kProgramVersion, [this] { journal_.Settle(); }}),
       open_(state_, arrays_,
             {*platform_.files, *platform_.codePage, *platform_.locale, *platform_.clock, prompts_, texts_}),
       programFile_(state_, {*platform_.files, *platform_.profile, prompts_, texts_, kProgramVersion}),
@@ -119,7 +121,8 @@ void DesktopProgram::ShowMainWindow()
                                        .prompts = prompts_,
                                        .log = log_,
                                        .texts = texts_,
-                                       .random = MakeRandomSource()},
+                                       .random = MakeRandomSource(),
+                                       .journal = &journal_},
                                .timer4 = timer4_,
                                .windowOrder = platform_.windowOrder ? *platform_.windowOrder : windowOrder_,
                                .statusTimer = statusTimer_,
@@ -136,6 +139,8 @@ void DesktopProgram::ShowMainWindow()
                                .files = *platform_.files,
                                .settings = settings_,
                                .arrays = arrays_,
+                               .journal = journal_,
+                               .recovery = recovery_,
                                .closed = [this] { End(); }});
     prompts_.SetParent(window_.get());
     window_->Load();

@@ -13,7 +13,9 @@
 #include "files/ProgramFiles.h"
 #include "files/SaveCommand.h"
 #include "files/SettingsFile.h"
+#include "measure/JournalRecovery.h"
 #include "measure/MeasurementArrays.h"
+#include "measure/RunJournal.h"
 #include "platform/Platform.h"
 #include "resources/StringTable.h"
 #include "serial/PortLink.h"
@@ -66,6 +68,8 @@ private:
     SerialLog log_;
     PortLink link_;
     SettingsFile settings_;
+    RunJournal journal_;
+    JournalRecovery recovery_;
     SaveCommand save_;
     OpenCommand open_;
     ProgramFileCommand programFile_;

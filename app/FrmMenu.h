@@ -11,6 +11,7 @@
 #include "graph/ChartPane.h"
 #include "instrument/FrmQuorvaneSetting.h"
 #include "measure/ExposureRows.h"
+#include "measure/JournalRecovery.h"
 #include "measure/LimitInputs.h"
 #include "measure/LiveTableModel.h"
 #include "measure/MeasurementRun.h"
@@ -54,6 +55,8 @@ public:
         FileStore& files;      ///< for the language choice, and for what the window remembers of its looks
         SettingsFile& settings;
         MeasurementArrays& arrays;
+        RunJournal& journal;
+        JournalRecovery& recovery;    ///< what an earlier program has left, offered once the window is shown
         std::function<void()> closed; ///< the window has closed, and the program is to end
     };
     FrmMenu(ApplicationState& state, Parts parts);

@@ -42,9 +42,12 @@ std::optional<FileFault> SaveCommand::SaveTo(const std::string& path)
                                      arrays_,
                                      {.decimalSign = world_.locale.DecimalSign(), .version = world_.version}};
     auto fault = WriteDataFile(path, date, factor, state_.SampleCount, layout, context);
-    if (!fault)
-        state_.DataSaved = 1;
-    return fault;
+    if (fault)
+        return fault;
+    state_.DataSaved = 1;
+    if (world_.saved)
+        world_.saved();
+    return std::nullopt;
 }
 
 std::optional<std::string> SaveCommand::Rescue(std::span<const std::string> folders)

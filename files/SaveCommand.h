@@ -10,9 +10,11 @@
 #include "files/FileStore.h"
 #include "measure/MeasurementArrays.h"
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 namespace quorvane {
 
@@ -32,6 +34,7 @@ struct SaveSurroundings {
     Prompts& prompts;
     const Texts& texts;
     ProgramVersion version;
+    std::function<void()> saved{}; ///< called when the readings are in a file
 };
 
 /// Saves the readings of the last run as a data file of the full layout, dated with the day of saving.
@@ -39,7 +42,7 @@ struct SaveSurroundings {
 class SaveCommand {
 public:
     SaveCommand(ApplicationState& state, const MeasurementArrays& arrays, SaveSurroundings surroundings)
-        : state_(state), arrays_(arrays), world_(surroundings)
+        : state_(state), arrays_(arrays), world_(std::move(surroundings))
     {
     }
 

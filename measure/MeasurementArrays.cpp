@@ -14,6 +14,7 @@ void MeasurementArrays::Create(std::int32_t totalSamples)
          {&CountValue, &ConcValue, &DerivedValueA, &DerivedValueB, &IntegratedCount, &IntegratedConc})
         numbers->assign(size, 0);
     Moment.assign(size, {});
+    Gaps.clear();
     Simulated = false;
     Dated = Averages = true;
     FileDate.clear();

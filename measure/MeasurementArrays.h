@@ -2,6 +2,7 @@
 
 #include "app/ApplicationState.h"
 #include "app/LocalClock.h"
+#include "measure/RunGap.h"
 
 #include <cstdint>
 #include <string>
@@ -22,6 +23,7 @@ struct MeasurementArrays {
     std::vector<std::string> ExtraField;  ///< the instrument's factor in thousandths, empty when it sent none
     std::vector<std::string> ReplyLine;   ///< the whole line as received
     std::vector<LocalMoment> Moment;      ///< date and time of the reading
+    std::vector<RunGap> Gaps;             ///< in the order of `before`; most runs have none
 
     bool Simulated = false; ///< the readings are made up
     bool Dated = true;      ///< `Moment` can be relied upon; not so for a file with a bad date or time

@@ -174,6 +174,8 @@ void MeasurementRun::PrepareRun()
     takenSamples_ = 0;
     record_.Begin(now);
     arrays_.Simulated = !state_.RunMode;
+    if (services_.journal != nullptr)
+        services_.journal->Begin(now, arrays_.Simulated);
     lines_.Begin();
     lamps_.Clear();
     MinuteTicks = 0;
@@ -207,6 +209,8 @@ void MeasurementRun::Measure(bool requestTaken)
     while (state_.SampleCount < PlannedSamples() && CancelRequested == 0) {
         if (ServeRun(kRunNap) && state_.RunMode)
             lines_.Look();
+        if (services_.journal != nullptr)
+            services_.journal->Look();
     }
 }
 
@@ -222,6 +226,8 @@ void MeasurementRun::Disconnect()
 {
     SetState(RunState::Stopping);
     state_.SampleCount = takenSamples_; // a failed read leaves no empty row
+    if (services_.journal != nullptr)
+        services_.journal->End();
     if (!state_.RunMode)
         return;
     services_.link.SetStreaming(false);
@@ -371,6 +377,8 @@ void MeasurementRun::CompleteSample()
     const std::int32_t sample = state_.SampleCount;
     noReadingSince_ = services_.clock.SteadyNow();
     const LampsLit lit = record_.Store(sample);
+    if (services_.journal != nullptr) // first of all: what comes next may end the program
+        services_.journal->Taken(sample);
     lamps_.Light(lit);
     if (floor<days>(services_.clock.Now()) != RunDate)
         RunDate += days(1);

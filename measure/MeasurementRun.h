@@ -10,6 +10,7 @@
 #include "measure/InstrumentLines.h"
 #include "measure/MeasurementArrays.h"
 #include "measure/ReadingRecord.h"
+#include "measure/RunJournal.h"
 #include "measure/RunObserver.h"
 #include "measure/SimulatedReading.h"
 #include "serial/PortLink.h"
@@ -48,7 +49,8 @@ struct RunServices {
     Prompts& prompts;
     SerialLog& log;
     const Texts& texts;
-    RandomSource random; ///< for simulated readings
+    RandomSource random;           ///< for simulated readings
+    RunJournal* journal = nullptr; ///< null: none is kept
 };
 
 /// One measurement run: start, pacing, the polling step that takes a reading, stop. `Start` returns when the

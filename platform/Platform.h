@@ -8,6 +8,7 @@
 #include "files/CodePage.h"
 #include "files/FileStore.h"
 #include "files/Folders.h"
+#include "files/JournalStore.h"
 #include "files/PrivateProfile.h"
 #include "serial/DeviceWatch.h"
 #include "serial/PortDescriptions.h"
@@ -31,6 +32,7 @@ struct Platform {
     std::unique_ptr<DeviceWatch> devices;
     std::unique_ptr<FileStore> files;
     std::unique_ptr<Folders> folders;
+    std::unique_ptr<JournalStore> journals;
     std::unique_ptr<CodePage> codePage;
     std::unique_ptr<PrivateProfile> profile;
     std::unique_ptr<LocaleItems> locale;

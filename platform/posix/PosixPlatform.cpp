@@ -74,6 +74,7 @@ Platform MakePlatform()
         .devices = std::make_unique<PosixDeviceWatch>(),
         .files = std::move(files),
         .folders = std::make_unique<PosixFolders>(),
+        .journals = nullptr,
         .codePage = std::move(codePage),
         .profile = std::move(profile),
         .locale = std::make_unique<PosixLocaleItems>(),

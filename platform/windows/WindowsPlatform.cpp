@@ -53,6 +53,7 @@ Platform MakePlatform()
         .devices = std::make_unique<WindowsDeviceWatch>(),
         .files = std::make_unique<WindowsFileStore>(),
         .folders = std::make_unique<WindowsFolders>(),
+        .journals = nullptr,
         .codePage = std::make_unique<WindowsCodePage>(),
         .profile = std::make_unique<WindowsPrivateProfile>(),
         .locale = std::make_unique<WindowsLocaleItems>(),

@@ -6,6 +6,7 @@
 #include "measure/LiveTable.h"
 #include "stored/QtDriveFolders.h"
 #include "tests/support/FakeDeviceWatch.h"
+#include "tests/support/FakeJournals.h"
 #include "tests/support/InstrumentWorld.h"
 #include "tests/support/ScriptedPorts.h"
 
@@ -43,7 +44,9 @@ struct WindowWorld : InstrumentWorld {
     void Open()
     {
         settings.SaveSettings();
-        window = std::make_unique<FrmMenu>(state, FrmMenu::Parts{.run = Services([] { return 0.5; }),
+        RunServices run = Services([] { return 0.5; });
+        run.journal = &journal;
+        window = std::make_unique<FrmMenu>(state, FrmMenu::Parts{.run = run,
                                                                  .timer4 = timer4,
                                                                  .windowOrder = windowOrder,
                                                                  .statusTimer = statusTimer,
@@ -60,6 +63,8 @@ struct WindowWorld : InstrumentWorld {
                                                                  .files = files,
                                                                  .settings = settings,
                                                                  .arrays = arrays,
+                                                                 .journal = journal,
+                                                                 .recovery = recovery,
                                                                  .closed = [this] { ++closed; }});
         window->Load();
         window->show();
@@ -136,7 +141,12 @@ struct WindowWorld : InstrumentWorld {
     QtWindowOrder windowOrder;
     WorldTimer statusTimer{world};
     SettingsFile settings{state, files, codePage, world, locale, {0, 1, 0}};
-    SaveCommand save{state, arrays, {files, codePage, locale, world, prompts, texts, {0, 1, 0}}};
+    FakeJournals journals;
+    RunJournal journal{state, state, arrays, journals};
+    JournalRecovery recovery{state, arrays, journals, journal};
+    SaveCommand save{state, arrays, {files, codePage, locale, world, prompts, texts, {0, 1, 0}, [this] {
+                                         journal.Settle();
+                                     }}};
     FakeDeviceWatch devices;
     PortWatch portWatch{devices, names};
     ScriptedPorts ports;

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/ApplicationState.h"
+#include "app/LocalClock.h"
+#include "files/JournalStore.h"
+#include "measure/MeasurementArrays.h"
+#include "measure/RunJournal.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+/// A run that ended with its program, as its journal tells it.
+struct LeftOverRun {
+    std::string path; ///< of the journal, UTF-8
+    LocalMoment start{};
+    LocalMoment last{};        ///< of its newest reading; the start when there is none
+    std::int32_t readings = 0; ///< that can be restored, at least 1
+    std::int32_t damaged = 0;  ///< records in the middle of the journal that cannot be read and are left out
+    std::int32_t gaps = 0;
+    bool simulated = false;
+};
+
+/// Brings readings back that no data file holds.
+class JournalRecovery {
+public:
+    JournalRecovery(ApplicationState& state, MeasurementArrays& arrays, JournalStore& store,
+                    RunJournal& journal);
+
+    /// The newest left-over run that was not looked at before, at hand from now on. A journal without a
+    /// reading is retired without a word; one that another program has, or that cannot be read, is passed
+    /// over.
+    [[nodiscard]] std::optional<LeftOverRun> Next();
+    /// The run of the last `Next` becomes the readings at hand, as if it had been stopped by the operator:
+    /// `DataPresent` 1, `DataSaved` 0. Its journal stays until they are settled.
+    void Restore();
+    /// The run of the last `Next` is not wanted: its journal is retired.
+    void Discard();
+    /// The run of the last `Next` is left for another time.
+    void Leave();
+
+private:
+    ApplicationState& state_;
+    MeasurementArrays& arrays_;
+    JournalStore& store_;
+    RunJournal& journal_;
+};
+
+} // namespace quorvane
