@@ -4,9 +4,13 @@
 #include "app/LanguageOffset.h"
 #include "app/ModalDialog.h"
 #include "app/ProgramVersion.h"
+#ifdef QUORVANE_DBUS
+#include "app/QtKeepAwake.h"
+#endif
 #include "app/QtText.h"
 #include "app/Startup.h"
 #include "app/ToolkitLanguage.h"
+#include "files/RunAdvice.h"
 #include "measure/SimulatedReading.h"
 #include "options/FrmLanguageSelect.h"
 #include "platform/InterruptWatch.h"
@@ -21,6 +25,16 @@ namespace {
 
 constexpr std::chrono::milliseconds kInterruptPace{200};
 constexpr std::chrono::milliseconds kProcessorPace{200};
+
+/// @return null where the toolkit cannot ask either
+std::unique_ptr<KeepAwake> ToolkitKeepAwake()
+{
+#ifdef QUORVANE_DBUS
+    return std::make_unique<QtKeepAwake>();
+#else
+    return nullptr;
+#endif
+}
 
 } // namespace
 
@@ -41,7 +55,8 @@ DesktopProgram::DesktopProgram(Platform platform)
       open_(state_, arrays_,
             {*platform_.files, *platform_.codePage, *platform_.locale, *platform_.clock, prompts_, texts_}),
       programFile_(state_, {*platform_.files, *platform_.profile, prompts_, texts_, kProgramVersion}),
-      port_(*platform_.devices, *platform_.portNames)
+      port_(*platform_.devices, *platform_.portNames),
+      keepAwake_(platform_.keepAwake ? std::move(platform_.keepAwake) : ToolkitKeepAwake())
 {
     QApplication::setQuitOnLastWindowClosed(
         false); // the main window decides; a box at start-up is not the last
@@ -122,7 +137,9 @@ void DesktopProgram::ShowMainWindow()
                                        .log = log_,
                                        .texts = texts_,
                                        .random = MakeRandomSource(),
-                                       .journal = &journal_},
+                                       .journal = &journal_,
+                                       .keepAwake = keepAwake_.get(),
+                                       .advice = [this] { return Advice(); }},
                                .timer4 = timer4_,
                                .windowOrder = platform_.windowOrder ? *platform_.windowOrder : windowOrder_,
                                .statusTimer = statusTimer_,
@@ -151,6 +168,12 @@ void DesktopProgram::ShowMainWindow()
     }
     window_->show();
     AwaitProcessors();
+}
+
+std::string DesktopProgram::Advice() const
+{
+    return RunAdvice({.programFolder = state_.AppPath, .dataFolder = state_.DefaultFolder},
+                     state_.TotalSamples, *platform_.folders, texts_);
 }
 
 /// The system may take seconds to answer, or for ever: nobody waits.

@@ -42,6 +42,7 @@ public:
     [[nodiscard]] FrmMenu& Window() { return *window_; }
 
 private:
+    [[nodiscard]] std::string Advice() const;
     void AwaitProcessors();
     void AnswerTheSystemsEnd();
     void SelectLanguage();
@@ -74,6 +75,7 @@ private:
     OpenCommand open_;
     ProgramFileCommand programFile_;
     PortWatch port_;
+    std::unique_ptr<KeepAwake> keepAwake_; ///< null where nobody can ask for it
     QtDriveFolders drives_;
     ProgramFiles files_;
     std::unique_ptr<FrmMenu> window_;

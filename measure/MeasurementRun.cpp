@@ -3,6 +3,7 @@
 #include "app/ScopedFlag.h"
 #include "measure/MeasureSettingEdit.h"
 #include "measure/Pacing.h"
+#include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 #include "serial/CommandSet.h"
 
@@ -36,6 +37,7 @@ MeasurementRun::MeasurementRun(ApplicationState& state, MeasurementArrays& array
       lines_(state, {services_.control, services_.timer1, services_.clock, services_.log},
              [this](std::chrono::milliseconds time) { return ServeRun(time); }),
       record_(state, state, arrays),
+      clocks_(services_.clock),
       lamps_(observer_)
 {
     services_.timer2.OnTick([this] { Timer2Tick(); });
@@ -123,7 +125,9 @@ MeasurementRun::Refusal MeasurementRun::CheckPlan()
         services_.prompts.Show(MeasureRangeMessage(MeasureField::SamplingSeconds, texts));
         return RunResult::OutOfRange;
     }
-    return AskAboutLongTable();
+    if (const Refusal refusal = AskAboutLongTable())
+        return refusal;
+    return TellAdvice();
 }
 
 /// A warning, not a limit: without an operator the run goes on.
@@ -135,6 +139,20 @@ MeasurementRun::Refusal MeasurementRun::AskAboutLongTable()
                                                   .icon = Icon::Exclamation,
                                                   .buttons = Buttons::YesNo,
                                                   .unattended = Answer::Yes});
+    return answer == Answer::Yes ? std::nullopt : Refusal(RunResult::Declined);
+}
+
+/// The last question before the run, for it may be about minutes ago otherwise.
+MeasurementRun::Refusal MeasurementRun::TellAdvice()
+{
+    const std::string advice = services_.advice ? services_.advice() : std::string();
+    if (advice.empty())
+        return std::nullopt;
+    const Answer answer =
+        services_.prompts.Show({.text = advice + "\r\n\r\n" + services_.texts[kStartAnywayText],
+                                .icon = Icon::Exclamation,
+                                .buttons = Buttons::YesNo,
+                                .unattended = Answer::Yes});
     return answer == Answer::Yes ? std::nullopt : Refusal(RunResult::Declined);
 }
 
@@ -197,6 +215,9 @@ bool MeasurementRun::SendStreamRequest()
 void MeasurementRun::Measure(bool requestTaken)
 {
     noReadingSince_ = services_.clock.SteadyNow();
+    clocks_.Begin();
+    if (services_.keepAwake != nullptr)
+        services_.keepAwake->Hold();
     SetState(RunState::Measuring);
     if (CancelRequested == 0)
         services_.timer2.Enable();
@@ -225,6 +246,8 @@ double MeasurementRun::PlannedSamples() const
 void MeasurementRun::Disconnect()
 {
     SetState(RunState::Stopping);
+    if (services_.keepAwake != nullptr)
+        services_.keepAwake->Release();
     state_.SampleCount = takenSamples_; // a failed read leaves no empty row
     if (services_.journal != nullptr)
         services_.journal->End();
@@ -308,6 +331,7 @@ void MeasurementRun::ResetAlarms()
 
 RunStatus MeasurementRun::Status()
 {
+    LookAtClocks(); // while somebody moves a window, for instance, only timers come through
     RunStatus status;
     status.taken = takenSamples_;
     status.planned = std::max(0, static_cast<std::int32_t>(arrays_.ReplyLine.size()) - 1);
@@ -394,7 +418,23 @@ bool MeasurementRun::ServeRun(std::chrono::milliseconds time)
 {
     if (!services_.pump.Serve(time) && CancelRequested == 0)
         Cancel();
+    LookAtClocks();
     return CancelRequested == 0;
+}
+
+void MeasurementRun::LookAtClocks()
+{
+    if (runState_ != RunState::Measuring)
+        return;
+    if (const auto gap = clocks_.Look())
+        AddGap(*gap);
+}
+
+/// It lies in front of the reading that comes next.
+void MeasurementRun::AddGap(RunGap gap)
+{
+    gap.before = takenSamples_ + 1;
+    arrays_.Gaps.push_back(gap);
 }
 
 void MeasurementRun::SetState(RunState state)

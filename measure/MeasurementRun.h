@@ -2,11 +2,13 @@
 
 #include "app/ApplicationState.h"
 #include "app/EventPump.h"
+#include "app/KeepAwake.h"
 #include "app/LocalClock.h"
 #include "app/Prompts.h"
 #include "app/Texts.h"
 #include "app/TickTimer.h"
 #include "measure/AlarmLamps.h"
+#include "measure/ClockWatch.h"
 #include "measure/InstrumentLines.h"
 #include "measure/MeasurementArrays.h"
 #include "measure/ReadingRecord.h"
@@ -49,8 +51,11 @@ struct RunServices {
     Prompts& prompts;
     SerialLog& log;
     const Texts& texts;
-    RandomSource random;           ///< for simulated readings
-    RunJournal* journal = nullptr; ///< null: none is kept
+    RandomSource random;            ///< for simulated readings
+    RunJournal* journal = nullptr;  ///< null: none is kept
+    KeepAwake* keepAwake = nullptr; ///< null: the computer sleeps when it likes
+    /// What the operator should know before a run and may start in spite of; empty when all is well.
+    std::function<std::string()> advice{};
 };
 
 /// One measurement run: start, pacing, the polling step that takes a reading, stop. `Start` returns when the
@@ -93,6 +98,7 @@ private:
     [[nodiscard]] Refusal AskAboutUnsavedData();
     [[nodiscard]] Refusal CheckPlan();
     [[nodiscard]] Refusal AskAboutLongTable();
+    [[nodiscard]] Refusal TellAdvice();
     [[nodiscard]] Refusal Connect();
     void SetPacing();
     void PrepareRun();
@@ -112,6 +118,8 @@ private:
     [[nodiscard]] bool TakeLine();
     [[nodiscard]] bool MakeUpLine();
     void CompleteSample();
+    void LookAtClocks();
+    void AddGap(RunGap gap);
 
     ApplicationState& state_;
     MeasurementArrays& arrays_;
@@ -120,6 +128,7 @@ private:
     RunObserver& observer_;
     InstrumentLines lines_;
     ReadingRecord record_;
+    ClockWatch clocks_;
     AlarmLamps lamps_;
 
     RunState runState_ = RunState::Idle;

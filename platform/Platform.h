@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/InstanceLock.h"
+#include "app/KeepAwake.h"
 #include "app/LocalClock.h"
 #include "app/LocaleItems.h"
 #include "app/SystemInfo.h"
@@ -23,7 +24,7 @@
 
 namespace quorvane {
 
-/// The system's side of core's interfaces. None of them is null but `windowOrder`.
+/// The system's side of core's interfaces. None of them is null but the last two.
 struct Platform {
     std::unique_ptr<SerialControl> serial;
     std::unique_ptr<PortNames> portNames;
@@ -40,6 +41,7 @@ struct Platform {
     std::unique_ptr<SystemInfo> systemInfo;
     std::unique_ptr<InstanceLock> instanceLock; ///< not taken before it is asked
     std::unique_ptr<WindowOrder> windowOrder;   ///< null where only the toolkit knows its windows
+    std::unique_ptr<KeepAwake> keepAwake;       ///< null where only the toolkit can ask for it
 };
 
 /// Also sees to it that the standard streams are open, or the port could get the number of one, and that a

@@ -323,6 +323,12 @@ enum OwnText : int {
     kPrinterFaultText = 1501,
     kPrintToFileHintText = 1502,
     kNoPrinterText = 1503,
+
+    // Before a run: advice.
+    kStartAnywayText = 1551,
+    kJournalUnwritableText = 1552,    ///< %1: folder
+    kDataFolderUnwritableText = 1553, ///< %1: folder
+    kLittleSpaceText = 1554,          ///< %1: MB; a second %1: folder
 };
 
 } // namespace quorvane

@@ -20,6 +20,13 @@ bool PosixFolders::CanWrite(const std::string& folder) const
     return file.IsOpen() && ::unlink(path.c_str()) == 0;
 }
 
+std::optional<std::uintmax_t> PosixFolders::FreeSpace(const std::string& folder) const
+{
+    std::error_code error;
+    const std::filesystem::space_info space = std::filesystem::space(folder, error);
+    return error ? std::nullopt : std::optional(space.available);
+}
+
 bool PosixFolders::Make(const std::string& folder)
 {
     constexpr mode_t kForTheUserAlone = 0700;

@@ -11,6 +11,11 @@ public:
     {
         return std::chrono::steady_clock::now();
     }
+    [[nodiscard]] std::chrono::system_clock::time_point SystemNow() const override
+    {
+        return std::chrono::system_clock::now();
+    }
+    [[nodiscard]] std::chrono::milliseconds SinceBoot() const override;
 };
 
 } // namespace quorvane

@@ -82,6 +82,7 @@ Platform MakePlatform()
         .systemInfo = std::make_unique<PosixSystemInfo>(),
         .instanceLock = std::make_unique<PosixInstanceLock>(),
         .windowOrder = nullptr,
+        .keepAwake = nullptr,
     };
 }
 

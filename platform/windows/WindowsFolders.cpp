@@ -42,6 +42,14 @@ bool WindowsFolders::CanWrite(const std::string& folder) const
     return false;
 }
 
+std::optional<std::uintmax_t> WindowsFolders::FreeSpace(const std::string& folder) const
+{
+    ULARGE_INTEGER bytes{};
+    if (!::GetDiskFreeSpaceExW(WidePath(folder).c_str(), &bytes, nullptr, nullptr))
+        return std::nullopt;
+    return bytes.QuadPart;
+}
+
 bool WindowsFolders::Make(const std::string& folder)
 {
     return MakeWide(WidePath(folder));

@@ -28,4 +28,9 @@ LocalMoment WindowsLocalClock::Now() const
     return local_days{date} + hours{now.wHour} + minutes{now.wMinute} + seconds{now.wSecond};
 }
 
+std::chrono::milliseconds WindowsLocalClock::SinceBoot() const
+{
+    return std::chrono::milliseconds(::GetTickCount64());
+}
+
 } // namespace quorvane

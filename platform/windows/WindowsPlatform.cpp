@@ -6,6 +6,7 @@
 #include "platform/windows/WindowsFileStore.h"
 #include "platform/windows/WindowsFolders.h"
 #include "platform/windows/WindowsInstanceLock.h"
+#include "platform/windows/WindowsKeepAwake.h"
 #include "platform/windows/WindowsLocalClock.h"
 #include "platform/windows/WindowsLocaleItems.h"
 #include "platform/windows/WindowsPortDescriptions.h"
@@ -61,6 +62,7 @@ Platform MakePlatform()
         .systemInfo = std::make_unique<WindowsSystemInfo>(),
         .instanceLock = std::make_unique<WindowsInstanceLock>(),
         .windowOrder = std::make_unique<WindowsWindowOrder>(),
+        .keepAwake = std::make_unique<WindowsKeepAwake>(),
     };
 }
 

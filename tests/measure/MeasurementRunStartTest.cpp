@@ -137,6 +137,24 @@ TEST(MeasurementRunStart, AsksBeforeALongTable)
     }
 }
 
+TEST(MeasurementRunStart, TellsAdviceLastAndStartsInSpiteOfIt)
+{
+    for (const bool anyway : {true, false}) {
+        RunWorld with;
+        RunServices services = with.Services([] { return 0.5; });
+        services.advice = [] { return std::string("Only 3 MB are free."); };
+        MeasurementRun run(
+            with.state, with.arrays, services, [] {}, with.listener);
+        with.state.RunMode = false;
+        with.prompts.answers = {anyway ? Answer::Yes : Answer::No};
+        EXPECT_EQ(run.Start(), anyway ? RunResult::Completed : RunResult::Declined);
+        ASSERT_EQ(with.prompts.messages.size(), 1U);
+        EXPECT_EQ(with.prompts.messages[0].text, "Only 3 MB are free.\r\n\r\nStart anyway?");
+        EXPECT_EQ(with.prompts.messages[0].unattended, Answer::Yes)
+            << "nobody there must not keep a run from starting";
+    }
+}
+
 /// A run of three readings whose data is saved, so that the next start asks nothing.
 void TakeEarlierData(RunWorld& with)
 {

@@ -13,8 +13,11 @@ public:
     std::set<std::string> writable;
     std::vector<std::string> made; ///< so far, in order
     bool makingFails = false;
+    std::optional<std::uintmax_t> freeSpace; ///< everywhere
 
     bool CanWrite(const std::string& folder) const override { return writable.contains(folder); }
+
+    std::optional<std::uintmax_t> FreeSpace(const std::string&) const override { return freeSpace; }
 
     bool Make(const std::string& folder) override
     {

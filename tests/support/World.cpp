@@ -20,7 +20,7 @@ bool World::Serve(std::chrono::milliseconds time)
 
 LocalMoment World::Now() const
 {
-    return start_ + std::chrono::floor<std::chrono::seconds>(now_);
+    return start_ + std::chrono::floor<std::chrono::seconds>(now_ + asleep_ + set_ + zone_);
 }
 
 bool World::RunNext(Time until)

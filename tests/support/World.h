@@ -29,6 +29,22 @@ public:
             std::chrono::duration_cast<std::chrono::steady_clock::duration>(now_));
     }
 
+    [[nodiscard]] std::chrono::system_clock::time_point SystemNow() const override
+    {
+        return std::chrono::system_clock::time_point(
+            std::chrono::floor<std::chrono::system_clock::duration>(now_ + asleep_ + set_));
+    }
+    [[nodiscard]] std::chrono::milliseconds SinceBoot() const override
+    {
+        return std::chrono::floor<std::chrono::milliseconds>(now_ + asleep_);
+    }
+    /// The computer sleeps for so long: no timer ticks, nothing is received.
+    void Sleep(Time time) { asleep_ += time; }
+    /// Somebody sets the computer's clock on, or back.
+    void SetClock(Time by) { set_ += by; }
+    /// The zone's time goes forward, or back.
+    void ShiftZone(Time by) { zone_ += by; }
+
     [[nodiscard]] Time Elapsed() const { return now_; }
     /// Runs `event` so much later, while events are served.
     void After(Time delay, std::function<void()> event) { events_.emplace(now_ + delay, std::move(event)); }
@@ -47,6 +63,9 @@ private:
 
     LocalMoment start_;
     Time now_{};
+    Time asleep_{};
+    Time set_{};
+    Time zone_{};
     bool closing_ = false;
     long pumps_ = 0;
     std::multimap<Time, std::function<void()>> events_;

@@ -1,0 +1,15 @@
+#pragma once
+
+namespace quorvane {
+
+/// Keeps the computer from going to sleep by itself. Who closes the lid or chooses to sleep still can.
+class KeepAwake {
+public:
+    virtual ~KeepAwake() = default;
+    /// From here on; asked twice it is as once. A system that cannot, or does not allow it, goes on as ever.
+    virtual void Hold() = 0;
+    /// It may sleep again. At the end of the program it may as well.
+    virtual void Release() = 0;
+};
+
+} // namespace quorvane
