@@ -5,9 +5,11 @@
 #include "cli/CommandWorld.h"
 #include "cli/InstrumentLine.h"
 #include "cli/RunReport.h"
+#include "files/FileFaultText.h"
 #include "files/NumberText.h"
 #include "files/SaveCommand.h"
 #include "measure/MeasurementRun.h"
+#include "measure/RunJournal.h"
 #include "measure/RunStatusText.h"
 #include "measure/SimulatedReading.h"
 #include "platform/Platform.h"
@@ -32,6 +34,8 @@ private:
     [[nodiscard]] int MeasureAndSave();
     void Watch();
     void TellPortLoss(const RunStatus& status);
+    void TellJournalHealth();
+    void TellLeftOverRun();
     void ShowProgress(const RunStatus& status);
     void GiveUpWhenSilent(const RunStatus& status);
     [[nodiscard]] bool Save();
@@ -46,10 +50,12 @@ private:
     LoopTimer timer3_;
     LoopTimer watchTimer_;
     RunReport report_;
+    RunJournal journal_;
     SaveCommand save_;
     MeasurementRun run_;
     bool gaveUp_ = false;
     bool portLossTold_ = false;
+    bool journalTroubleTold_ = false;
 };
 
 Measurement::Measurement(const MeasureOptions& options)
@@ -60,9 +66,10 @@ Measurement::Measurement(const MeasureOptions& options)
       timer3_(line_.Pump(), options.speed),
       watchTimer_(line_.Pump()),
       report_(world_.console, arrays_, state_, world_.texts, system_.locale->DecimalSign(), !options.quiet),
+      journal_(state_, state_, arrays_, *system_.journals),
       save_(state_, arrays_,
             {*system_.files, *system_.codePage, *system_.locale, *system_.clock, line_.Messages(),
-             world_.texts, kProgramVersion}),
+             world_.texts, kProgramVersion, [this] { journal_.Settle(); }}),
       run_(
           state_, arrays_,
           {.link = line_.Link(),
@@ -75,7 +82,8 @@ Measurement::Measurement(const MeasureOptions& options)
            .prompts = line_.Messages(),
            .log = line_.Log(),
            .texts = world_.texts,
-           .random = MakeRandomSource(options.randomSeed)},
+           .random = MakeRandomSource(options.randomSeed),
+           .journal = &journal_},
           [this] { save_.SaveMeasurement(); }, report_)
 {
     watchTimer_.OnTick([this] { Watch(); });
@@ -96,6 +104,7 @@ int Measurement::MeasureAndSave()
         save_.TellFailure(*fault); // not after a run of hours
         return kExitFailed;
     }
+    TellLeftOverRun();
 
     watchTimer_.SetInterval(100ms);
     watchTimer_.Enable();
@@ -114,6 +123,7 @@ void Measurement::Watch()
     const RunState state = run_.State();
     if (state != RunState::Measuring && state != RunState::Stopping)
         return;
+    TellJournalHealth();
     const RunStatus status = run_.Status();
     ShowProgress(status);
     if (state == RunState::Stopping)
@@ -127,6 +137,28 @@ void Measurement::TellPortLoss(const RunStatus& status)
     if (status.portLost && !portLossTold_)
         world_.console.Say(world_.texts[kPortLostText]);
     portLossTold_ = status.portLost;
+}
+
+/// Once, and once when it is over.
+void Measurement::TellJournalHealth()
+{
+    const JournalHealth health = journal_.Health();
+    if (health.Good() == !journalTroubleTold_)
+        return;
+    journalTroubleTold_ = !health.Good();
+    if (health.Good())
+        world_.console.Say(world_.texts[kJournalGoodText]);
+    else if (health.fault)
+        world_.console.Say(
+            FilledIn(world_.texts[kJournalFaultText], FaultReason(*health.fault, world_.texts)));
+    else
+        world_.console.Say(world_.texts[kJournalBehindText]);
+}
+
+void Measurement::TellLeftOverRun()
+{
+    if (const auto paths = system_.journals->LeftOver(state_.AppPath); !paths.empty())
+        world_.console.Say(FilledIn(world_.texts[kLeftOverRunText], paths.front()));
 }
 
 void Measurement::GiveUpWhenSilent(const RunStatus& status)
@@ -156,6 +188,7 @@ bool Measurement::Save()
 {
     if (state_.SampleCount == 0 && system_.files->Exists(options_.output)) {
         world_.console.Say(FilledIn(world_.texts[kNothingTakenText], options_.output));
+        journal_.Settle();
         return false; // an earlier measurement is worth more than no reading
     }
     if (save_.SaveMeasurement() == SaveResult::Saved) {

@@ -4,6 +4,8 @@
 #include "cli/MeasureCommand.h"
 #include "cli/MeasureOptions.h"
 #include "cli/PortsCommand.h"
+#include "cli/RecoverCommand.h"
+#include "cli/RecoverOptions.h"
 #include "cli/SettingCommands.h"
 #include "cli/SettingOptions.h"
 #include "platform/Platform.h"
@@ -21,6 +23,9 @@ std::string Usage()
     return "Usage:\n"
            "  quorvane-cli measure (--port DEVICE|COMn | --simulate) --samples N --interval S --output FILE\n"
            "                       [options]\n"
+           "  quorvane-cli recover (--output FILE [--journal FILE | --previous] | --discard [--journal FILE] "
+           "| "
+           "--list)\n"
            "  quorvane-cli ports\n"
            "  quorvane-cli check [--port DEVICE|COMn]\n"
            "  quorvane-cli clock [--set] [--port DEVICE|COMn]\n"
@@ -30,7 +35,7 @@ std::string Usage()
            "  quorvane-cli --help | --version\n"
            "\n"
            "Options of measure:\n" +
-           MeasureUsage() + "\n" + SettingUsage() +
+           MeasureUsage() + "\nOptions of recover:\n" + RecoverUsage() + "\n" + SettingUsage() +
            "\n"
            "What is not given comes from the settings file Quorvane.ini in the program's folder (in the "
            "user's data\n"
@@ -41,10 +46,14 @@ std::string Usage()
            "A run without a single reading leaves an existing file as it is. On a terminal a line tells how\n"
            "the run is getting on: readings taken/planned, time left, and lines behind when there are "
            "several.\n"
+           "While it measures, measure keeps a journal of the run beside the settings file, until the "
+           "readings "
+           "are\n"
+           "saved. When it ends unexpectedly, recover saves them from there.\n"
            "The commands check, clock, program and k-factor talk to an instrument also when the settings are "
            "for\n"
            "made-up readings. They leave the settings file as it is; Ctrl-C cancels them.\n"
-           "Exit status: 0 done (measure: saved), 1 it failed or was refused, 2 wrong usage.";
+           "Exit status: 0 done (measure, recover: saved), 1 it failed or was refused, 2 wrong usage.";
 }
 
 int Print(const std::string& text)
@@ -81,6 +90,14 @@ int Measure(std::span<const std::string> arguments)
     return options.help ? Help() : RunMeasureCommand(options);
 }
 
+int Recover(std::span<const std::string> arguments)
+{
+    RecoverOptions options;
+    if (const auto fault = ReadRecoverOptions(arguments, options))
+        return WrongUsage(fault->text);
+    return options.help ? Help() : RunRecoverCommand(options);
+}
+
 int Set(SettingAction action, std::span<const std::string> arguments)
 {
     SettingOptions options;
@@ -97,6 +114,8 @@ int Dispatch(std::span<const std::string> arguments)
     const auto rest = arguments.subspan(1);
     if (command == "measure")
         return Measure(rest);
+    if (command == "recover")
+        return Recover(rest);
     if (const auto action = SettingActionNamed(command))
         return Set(*action, rest);
     if (command != "ports" && command != "--help" && command != "--version")

@@ -26,7 +26,8 @@ class JournalStore {
 public:
     virtual ~JournalStore() = default;
 
-    /// Begins a new journal at `path`; one that is at hand is released before.
+    /// Begins a new journal at `path`; one that is at hand is released before. A file that has this name
+    /// stays as it is: the new one gets a number behind its name.
     virtual void Begin(const std::string& path) = 0;
     /// Takes a record to append. Each goes to the operating system as soon as it can, to the disk at least
     /// every 5 s, and stands in the file whole or not at all unless the program or the system ends in
@@ -34,8 +35,8 @@ public:
     /// @return false when it was not taken, because too much waits already: offer it again
     [[nodiscard]] virtual bool Put(std::string_view record) = 0;
     [[nodiscard]] virtual JournalHealth Health() const = 0;
-    /// Closes the journal at hand and renames it to `kept`, replacing what has that name. Without one it does
-    /// nothing.
+    /// Closes the journal at hand and renames it to `kept`, replacing what has that name; an empty `kept`
+    /// removes it. Without one it does nothing.
     virtual void Retire(const std::string& kept) = 0;
     /// Closes the journal at hand and leaves it where it is.
     virtual void Release() = 0;

@@ -3,6 +3,7 @@
 #include "app/ApplicationState.h"
 #include "app/LocalClock.h"
 #include "files/JournalStore.h"
+#include "measure/JournalText.h"
 #include "measure/MeasurementArrays.h"
 #include "measure/RunJournal.h"
 
@@ -24,6 +25,14 @@ struct LeftOverRun {
     bool simulated = false;
 };
 
+/// What became of the look at one journal.
+struct JournalLook {
+    std::optional<LeftOverRun> run; ///< nothing without a reading
+    bool worthless = false; ///< whole as far as it goes, but without a reading: nothing is lost with it
+    std::optional<FileFault> fault;           ///< why the file could not be read
+    JournalState state = JournalState::Empty; ///< of what could be read
+};
+
 /// Brings readings back that no data file holds.
 class JournalRecovery {
 public:
@@ -34,12 +43,15 @@ public:
     /// reading is retired without a word; one that another program has, or that cannot be read, is passed
     /// over.
     [[nodiscard]] std::optional<LeftOverRun> Next();
-    /// The run of the last `Next` becomes the readings at hand, as if it had been stopped by the operator:
+    /// Looks at one journal, whatever its name. It is at hand from now on if it tells of a run or is
+    /// worthless, and is let go again otherwise.
+    [[nodiscard]] JournalLook LookAt(const std::string& path);
+    /// The run of the last look becomes the readings at hand, as if it had been stopped by the operator:
     /// `DataPresent` 1, `DataSaved` 0. Its journal stays until they are settled.
     void Restore();
-    /// The run of the last `Next` is not wanted: its journal is retired.
+    /// The run of the last look is not wanted: its journal is retired.
     void Discard();
-    /// The run of the last `Next` is left for another time.
+    /// The run of the last look is left for another time.
     void Leave();
 
 private:
@@ -47,6 +59,9 @@ private:
     MeasurementArrays& arrays_;
     JournalStore& store_;
     RunJournal& journal_;
+    std::vector<std::string> lookedAt_;
+    JournalContents contents_; ///< of the run of the last look
+    bool atHand_ = false;      ///< that run's journal
 };
 
 } // namespace quorvane

@@ -3,9 +3,12 @@
 #include "app/ApplicationState.h"
 #include "app/LocalClock.h"
 #include "files/JournalStore.h"
+#include "measure/JournalText.h"
 #include "measure/MeasurementArrays.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace quorvane {
@@ -21,23 +24,39 @@ public:
 
     /// A run begins and replaces the readings at hand: theirs is retired, a new one begins.
     void Begin(LocalMoment start, bool simulated);
+    /// The readings at hand are those of a journal that the store has at hand already; nothing is added to
+    /// it.
+    void Adopt() { pen_.reset(); }
     /// Readings 1 to `sample` are in the arrays, and so are the gaps between them.
     void Taken(std::int32_t sample);
-    /// Between readings: offers again what the store did not take.
+    /// Between readings, and after the run: offers again what the store did not take.
     void Look();
-    /// The run has ended; the journal stays at hand.
+    /// The run has ended; the journal stays at hand. Takes the gaps behind the newest reading.
     void End();
-    /// The readings at hand are saved, or are not wanted any more: their journal is retired. Without one it
-    /// does nothing.
+    /// The readings at hand are saved, or are not wanted any more: their journal is retired, one without a
+    /// reading removed. Without one it does nothing.
     void Settle();
 
     [[nodiscard]] JournalHealth Health() const;
 
 private:
+    [[nodiscard]] bool OfferHead();
+    [[nodiscard]] bool OfferGaps(std::int32_t before);
+
     const ProgramPlace& place_;
     const MeasureSettings& settings_;
     const MeasurementArrays& arrays_;
     JournalStore& store_;
+
+    std::optional<JournalPen> pen_; ///< while a journal that was begun here is at hand
+    bool headOffered_ = false;      ///< and taken, as is what is counted below
+    std::int32_t offered_ = 0;
+    std::size_t gapsOffered_ = 0;
+    std::int32_t taken_ = 0;
+    bool ended_ = false;
 };
+
+/// The one journal that is kept when its readings have been settled; not a left-over one.
+[[nodiscard]] std::string KeptJournal(const ProgramPlace& place);
 
 } // namespace quorvane

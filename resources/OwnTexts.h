@@ -324,11 +324,16 @@ enum OwnText : int {
     kPrintToFileHintText = 1502,
     kNoPrinterText = 1503,
 
-    // Before a run: advice.
-    kStartAnywayText = 1551,
-    kJournalUnwritableText = 1552,    ///< %1: folder
-    kDataFolderUnwritableText = 1553, ///< %1: folder
-    kLittleSpaceText = 1554,          ///< %1: MB; a second %1: folder
+    // The journal of a run on the command line, and what can be had from one.
+    kJournalFaultText = 1511, ///< %1: why
+    kJournalBehindText = 1512,
+    kJournalGoodText = 1513,
+    kLeftOverRunText = 1514, ///< %1: the journal
+    kNothingLeftText = 1515,
+    kNoJournalText = 1516,    ///< %1: the file
+    kNewerJournalText = 1517, ///< %1: the file
+    kRunFactsText = 1518,     ///< five %1: readings, start, newest reading, damaged records, gaps
+    kRunGivenUpText = 1519,   ///< %1: the journal
 };
 
 } // namespace quorvane

@@ -507,21 +507,29 @@ constexpr Entry kEntries[] = {
     {kPrintToFileHintText, "The name of the file is asked for next.", "続いてファイル名を指定します。"},
     {kNoPrinterText, "No printer is installed. A PDF file can be written.",
      "プリンターがありません。PDF に出力できます。"},
-    {kStartAnywayText, "Start anyway?", "このまま測定を開始しますか？"},
-    {kJournalUnwritableText,
-     "Nothing can be written to the program's folder, so no journal of the measurement is kept: if the "
-     "computer or "
-     "the program fails, readings that are not saved are lost.\r\n%1",
-     "プログラムのフォルダーに書き込めないため、測定の記録（ジャーナル）を残せません。コンピューターや"
-     "プログラムが途中で停止すると、保存前の測定値は失われます。\r\n%1"},
-    {kDataFolderUnwritableText,
-     "Nothing can be written to the folder for data files, or it is not there. Another one can be chosen "
-     "when the "
-     "measurement is saved.\r\n%1",
-     "データ保存先のフォルダーに書き込めないか、フォルダーがありません。保存するときに別のフォルダーを"
-     "選択できます。\r\n%1"},
-    {kLittleSpaceText, "Only %1 MB are free on the disk of this folder.\r\n%1",
-     "このフォルダーのディスクの空き容量は %1 MB しかありません。\r\n%1"},
+
+    {kJournalFaultText,
+     "The readings cannot be written to the run's journal: %1. The measurement goes on, but if the program "
+     "ended unexpectedly now, they would be lost.",
+     "測定データを測定記録に書き込めません: %1。測定は継続しますが、"
+     "いまプログラムが異常終了すると、測定データは失われます。"},
+    {kJournalBehindText,
+     "The disk is slow: readings wait for being written to the run's journal. The measurement goes on.",
+     "ディスクの動作が遅く、測定記録への書き込みが遅れています。測定は継続します。"},
+    {kJournalGoodText, "The run's journal is complete again.", "測定記録への書き込みが追いつきました。"},
+    {kLeftOverRunText,
+     "The readings of an earlier run were not saved. They are in %1; \"quorvane-cli recover --output FILE\" "
+     "saves them.",
+     "以前の測定データが保存されていません。%1 に残っています。"
+     "「quorvane-cli recover --output ファイル名」で保存できます。"},
+    {kNothingLeftText, "No run is left to recover.", "復元できる測定データはありません。"},
+    {kNoJournalText, "%1 is not a run's journal, or its beginning is damaged.",
+     "%1 は測定記録ではないか、先頭部分が破損しています。"},
+    {kNewerJournalText, "%1 was written by a newer version of this program, which can recover it.",
+     "%1 は新しいバージョンのプログラムで作成されています。そのバージョンで復元してください。"},
+    {kRunFactsText, "readings: %1, from %1 to %1, damaged records left out: %1, gaps: %1",
+     "測定データ: %1 件、%1 から %1 まで、破損により除いた記録: %1、中断: %1"},
+    {kRunGivenUpText, "Given up: %1", "破棄しました: %1"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -1,6 +1,7 @@
 #include "platform/posix/PosixFileStore.h"
 
 #include "platform/posix/FileDescriptor.h"
+#include "platform/posix/FileFault.h"
 
 #include <array>
 #include <atomic>
@@ -18,31 +19,6 @@ namespace {
 
 using Path = std::filesystem::path;
 using Fault = std::optional<FileFault>;
-
-FileFault FaultOf(int error)
-{
-    switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-        return {FileFaultKind::NotFound, ReasonOf(error)};
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return {FileFaultKind::NoPermission, ReasonOf(error)};
-    case ENOSPC:
-    case EDQUOT:
-    case EFBIG:
-        return {FileFaultKind::NoSpace, ReasonOf(error)};
-    case EBUSY:
-    case ETXTBSY:
-        return {FileFaultKind::InUse, ReasonOf(error)};
-    case EISDIR:
-    case ENXIO: // a pipe that nobody reads
-        return {FileFaultKind::NotAFile, ReasonOf(error)};
-    default:
-        return {FileFaultKind::Other, ReasonOf(error)};
-    }
-}
 
 FileFault NotAFile(const struct stat& status)
 {
@@ -73,15 +49,6 @@ Fault WriteAll(const FileDescriptor& file, std::string_view bytes)
             return FaultOf(errno);
     }
     return std::nullopt;
-}
-
-int Flush(const FileDescriptor& file)
-{
-    int result = 0;
-    do
-        result = ::fsync(file.Get());
-    while (result != 0 && errno == EINTR);
-    return result == 0 || errno == EINVAL ? 0 : errno; // EINVAL: a file system that has nothing to flush to
 }
 
 /// The file that a path leads to through symbolic links, whether it exists or not.

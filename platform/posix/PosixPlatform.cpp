@@ -1,5 +1,6 @@
 #include "files/AppFiles.h"
 #include "files/FileProfile.h"
+#include "platform/JournalWriter.h"
 #include "platform/Platform.h"
 #include "platform/posix/FileDescriptor.h"
 #include "platform/posix/PosixCodePage.h"
@@ -7,6 +8,7 @@
 #include "platform/posix/PosixFileStore.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixInstanceLock.h"
+#include "platform/posix/PosixJournalFile.h"
 #include "platform/posix/PosixLocalClock.h"
 #include "platform/posix/PosixLocaleItems.h"
 #include "platform/posix/PosixPortDescriptions.h"
@@ -74,7 +76,7 @@ Platform MakePlatform()
         .devices = std::make_unique<PosixDeviceWatch>(),
         .files = std::move(files),
         .folders = std::make_unique<PosixFolders>(),
-        .journals = nullptr,
+        .journals = std::make_unique<JournalWriter>(std::make_shared<PosixJournalFiles>()),
         .codePage = std::move(codePage),
         .profile = std::move(profile),
         .locale = std::make_unique<PosixLocaleItems>(),

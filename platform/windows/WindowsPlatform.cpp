@@ -1,3 +1,4 @@
+#include "platform/JournalWriter.h"
 #include "platform/Platform.h"
 #include "platform/windows/StreamWriter.h"
 #include "platform/windows/WideText.h"
@@ -6,7 +7,7 @@
 #include "platform/windows/WindowsFileStore.h"
 #include "platform/windows/WindowsFolders.h"
 #include "platform/windows/WindowsInstanceLock.h"
-#include "platform/windows/WindowsKeepAwake.h"
+#include "platform/windows/WindowsJournalFile.h"
 #include "platform/windows/WindowsLocalClock.h"
 #include "platform/windows/WindowsLocaleItems.h"
 #include "platform/windows/WindowsPortDescriptions.h"
@@ -54,7 +55,7 @@ Platform MakePlatform()
         .devices = std::make_unique<WindowsDeviceWatch>(),
         .files = std::make_unique<WindowsFileStore>(),
         .folders = std::make_unique<WindowsFolders>(),
-        .journals = nullptr,
+        .journals = std::make_unique<JournalWriter>(std::make_shared<WindowsJournalFiles>()),
         .codePage = std::make_unique<WindowsCodePage>(),
         .profile = std::make_unique<WindowsPrivateProfile>(),
         .locale = std::make_unique<WindowsLocaleItems>(),

@@ -29,7 +29,8 @@ public:
     {
         if (atHand.empty())
             return;
-        files[kept] = files[atHand];
+        if (!kept.empty())
+            files[kept] = files[atHand];
         files.erase(atHand);
         atHand.clear();
     }
