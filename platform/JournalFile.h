@@ -49,6 +49,10 @@ public:
     [[nodiscard]] virtual std::vector<std::string> LeftOver(const std::string& folder) const = 0;
 };
 
+/// Of this system. On POSIX they are locked by flock, and written without where a file system has no locks;
+/// on Windows others may read one that is open, and nothing else.
+[[nodiscard]] std::shared_ptr<const JournalFiles> SystemJournalFiles();
+
 /// "Run.journal" is "Run 2.journal" when it is the second of that name; the first keeps it.
 [[nodiscard]] std::string NumberedJournal(const std::string& path, int number);
 

@@ -226,6 +226,8 @@ private:
     /// even be removed is offered once more at the next start.
     void Retire(const std::string& kept)
     {
+        if (torn_)
+            static_cast<void>(file_->CutTo(whole_));
         if (file_ && file_->Retire(kept) && !kept.empty())
             static_cast<void>(file_->Retire({}));
         flushAt_.reset();

@@ -1,7 +1,6 @@
-#include "platform/posix/PosixJournalFile.h"
-
 #include "files/AppFiles.h"
 #include "files/JournalStore.h"
+#include "platform/JournalFile.h"
 #include "platform/posix/FileDescriptor.h"
 #include "platform/posix/FileFault.h"
 
@@ -148,27 +147,32 @@ private:
     FileDescriptor file_;
 };
 
+class PosixJournalFiles final : public JournalFiles {
+public:
+    std::unique_ptr<JournalFile> Make() const override { return std::make_unique<PosixJournalFile>(); }
+
+    std::vector<std::string> LeftOver(const std::string& folder) const override
+    {
+        std::vector<std::string> paths;
+        std::error_code error;
+        for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+             entry.increment(error)) {
+            std::string path = FileInFolder(folder, entry->path().filename().string());
+            FileDescriptor file;
+            struct stat status {};
+            if (path.ends_with(kJournalEnding) && !OpenJournal(path, file, status))
+                paths.push_back(std::move(path));
+        }
+        SortNewestFirst(paths);
+        return paths;
+    }
+};
+
 } // namespace
 
-std::unique_ptr<JournalFile> PosixJournalFiles::Make() const
+std::shared_ptr<const JournalFiles> SystemJournalFiles()
 {
-    return std::make_unique<PosixJournalFile>();
-}
-
-std::vector<std::string> PosixJournalFiles::LeftOver(const std::string& folder) const
-{
-    std::vector<std::string> paths;
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        std::string path = FileInFolder(folder, entry->path().filename().string());
-        FileDescriptor file;
-        struct stat status {};
-        if (path.ends_with(kJournalEnding) && !OpenJournal(path, file, status))
-            paths.push_back(std::move(path));
-    }
-    SortNewestFirst(paths);
-    return paths;
+    return std::make_shared<PosixJournalFiles>();
 }
 
 } // namespace quorvane

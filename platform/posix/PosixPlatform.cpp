@@ -8,7 +8,6 @@
 #include "platform/posix/PosixFileStore.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixInstanceLock.h"
-#include "platform/posix/PosixJournalFile.h"
 #include "platform/posix/PosixLocalClock.h"
 #include "platform/posix/PosixLocaleItems.h"
 #include "platform/posix/PosixPortDescriptions.h"
@@ -76,7 +75,7 @@ Platform MakePlatform()
         .devices = std::make_unique<PosixDeviceWatch>(),
         .files = std::move(files),
         .folders = std::make_unique<PosixFolders>(),
-        .journals = std::make_unique<JournalWriter>(std::make_shared<PosixJournalFiles>()),
+        .journals = std::make_unique<JournalWriter>(SystemJournalFiles()),
         .codePage = std::move(codePage),
         .profile = std::move(profile),
         .locale = std::make_unique<PosixLocaleItems>(),

@@ -1,7 +1,6 @@
-#include "platform/windows/WindowsJournalFile.h"
-
 #include "files/AppFiles.h"
 #include "files/JournalStore.h"
+#include "platform/JournalFile.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/SystemFault.h"
 #include "platform/windows/WidePath.h"
@@ -117,29 +116,34 @@ private:
     Handle file_;
 };
 
+class WindowsJournalFiles final : public JournalFiles {
+public:
+    std::unique_ptr<JournalFile> Make() const override { return std::make_unique<WindowsJournalFile>(); }
+
+    std::vector<std::string> LeftOver(const std::string& folder) const override
+    {
+        std::vector<std::string> paths;
+        const std::string pattern = FileInFolder(folder, std::string("*").append(kJournalEnding));
+        WIN32_FIND_DATAW found{};
+        const HANDLE search = ::FindFirstFileW(WidePath(pattern).c_str(), &found);
+        if (search == INVALID_HANDLE_VALUE)
+            return paths;
+        do {
+            std::string path = FileInFolder(folder, Utf8(found.cFileName));
+            if (path.ends_with(kJournalEnding) && OpenLocked(path, OPEN_EXISTING).IsOpen())
+                paths.push_back(std::move(path));
+        } while (::FindNextFileW(search, &found));
+        ::FindClose(search);
+        SortNewestFirst(paths);
+        return paths;
+    }
+};
+
 } // namespace
 
-std::unique_ptr<JournalFile> WindowsJournalFiles::Make() const
+std::shared_ptr<const JournalFiles> SystemJournalFiles()
 {
-    return std::make_unique<WindowsJournalFile>();
-}
-
-std::vector<std::string> WindowsJournalFiles::LeftOver(const std::string& folder) const
-{
-    std::vector<std::string> paths;
-    const std::string pattern = FileInFolder(folder, std::string("*").append(kJournalEnding));
-    WIN32_FIND_DATAW found{};
-    const HANDLE search = ::FindFirstFileW(WidePath(pattern).c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE)
-        return paths;
-    do {
-        std::string path = FileInFolder(folder, Utf8(found.cFileName));
-        if (path.ends_with(kJournalEnding) && OpenLocked(path, OPEN_EXISTING).IsOpen())
-            paths.push_back(std::move(path));
-    } while (::FindNextFileW(search, &found));
-    ::FindClose(search);
-    SortNewestFirst(paths);
-    return paths;
+    return std::make_shared<WindowsJournalFiles>();
 }
 
 } // namespace quorvane

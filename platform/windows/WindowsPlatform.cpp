@@ -7,7 +7,6 @@
 #include "platform/windows/WindowsFileStore.h"
 #include "platform/windows/WindowsFolders.h"
 #include "platform/windows/WindowsInstanceLock.h"
-#include "platform/windows/WindowsJournalFile.h"
 #include "platform/windows/WindowsLocalClock.h"
 #include "platform/windows/WindowsLocaleItems.h"
 #include "platform/windows/WindowsPortDescriptions.h"
@@ -55,7 +54,7 @@ Platform MakePlatform()
         .devices = std::make_unique<WindowsDeviceWatch>(),
         .files = std::make_unique<WindowsFileStore>(),
         .folders = std::make_unique<WindowsFolders>(),
-        .journals = std::make_unique<JournalWriter>(std::make_shared<WindowsJournalFiles>()),
+        .journals = std::make_unique<JournalWriter>(SystemJournalFiles()),
         .codePage = std::make_unique<WindowsCodePage>(),
         .profile = std::make_unique<WindowsPrivateProfile>(),
         .locale = std::make_unique<WindowsLocaleItems>(),
