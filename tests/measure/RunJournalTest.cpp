@@ -175,7 +175,7 @@ TEST(JournalRecovery, OffersEachRunOnceNewestFirst)
         const JournalPen pen({start, 2, 10, true, "1"});
         std::string bytes = pen.Head();
         for (int i = 1; i <= readings; ++i)
-            bytes += pen.Reading(i, start, "x");
+            bytes += pen.Reading(i, start + 5min, "x");
         return bytes;
     };
     with.journals.files = {{path("a"), journal(kStart, 1)},
@@ -188,6 +188,9 @@ TEST(JournalRecovery, OffersEachRunOnceNewestFirst)
     with.journals.heldByAnother = path("e");
     JournalRecovery recovery(with.state, with.arrays, with.journals, with.journal);
 
+    with.journal.Begin(kStart - 1h, false); // a run of this session that took nothing
+    recovery.Restore();                     // of nothing
+    EXPECT_EQ(with.state.DataPresent, 0);
     const auto newest = recovery.Next();
     ASSERT_TRUE(newest);
     EXPECT_EQ(newest->path, path("f"));
@@ -200,10 +203,13 @@ TEST(JournalRecovery, OffersEachRunOnceNewestFirst)
     recovery.Discard();
     EXPECT_TRUE(with.journals.files.contains(KeptJournal(with.state)));
     EXPECT_EQ(recovery.Next().value_or(LeftOverRun()).path, path("a"));
+    recovery.Restore();
+    EXPECT_EQ(with.state.DataPresent, 1);
+    EXPECT_EQ(with.arrays.Moment[1], kStart + 5min) << "as it was recorded, whatever the line says";
+    with.journal.Settle();
+    EXPECT_EQ(with.journals.files[KeptJournal(with.state)], journal(kStart, 1));
     EXPECT_FALSE(recovery.Next());
-    recovery.Restore(); // of nothing
-    EXPECT_EQ(with.state.DataPresent, 0);
-    for (const std::string name : {"a", "d", "e", "f", "g"})
+    for (const std::string name : {"d", "e", "f", "g"})
         EXPECT_TRUE(with.journals.files.contains(path(name))) << name;
     EXPECT_FALSE(with.journals.files.contains(path("c"))) << "it has no reading";
 }
