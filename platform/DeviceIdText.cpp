@@ -29,4 +29,13 @@ bool BelongsToDeviceAbove(std::string_view instanceId)
     return instanceId.starts_with("FTDIBUS\\") || instanceId.find("&MI_") != std::string_view::npos;
 }
 
+std::string_view ChannelIn(std::string_view instanceId)
+{
+    constexpr std::size_t kLength = std::string_view("MI_00").size();
+    if (!BelongsToDeviceAbove(instanceId))
+        return {};
+    const std::size_t at = instanceId.find("&MI_");
+    return at == std::string_view::npos ? instanceId : instanceId.substr(at + 1, kLength);
+}
+
 } // namespace quorvane

@@ -18,4 +18,10 @@ namespace quorvane {
 /// several, or a port that a driver of its own has made.
 [[nodiscard]] bool BelongsToDeviceAbove(std::string_view instanceId);
 
+/// Which port of its device an instance id is of: "MI_00" of
+/// "USB\VID_0483&PID_5740&MI_00\7&1A2B&0&0000", the whole id of a port that a driver of its own has made,
+/// where the letter of the port stands behind the serial number.
+/// @return empty for a device with one port
+[[nodiscard]] std::string_view ChannelIn(std::string_view instanceId);
+
 } // namespace quorvane

@@ -11,6 +11,9 @@ struct PortDescription {
     std::string maker;
     std::string product;
     std::string serialNumber;
+    std::string place{};   ///< where it is plugged in: the same socket has the same place
+    std::string channel{}; ///< which of the device's ports it is, wherever that is plugged in
+    friend bool operator==(const PortDescription&, const PortDescription&) = default;
 };
 
 /// Tells by what an operator can recognise a port.

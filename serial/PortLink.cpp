@@ -50,6 +50,7 @@ bool PortLink::OpenPort()
             {.text = state_.RsPort + texts_[kPortNotUsedText], .detail = FaultText(*lastFault_, texts_)});
         return false;
     }
+    opened_ = OpenedPort{*device, *line};
     control_.ClearInBuffer();
     control_.SetInputLen(0);
     return true;

@@ -6,6 +6,7 @@
 #include "app/Texts.h"
 #include "app/TickTimer.h"
 #include "serial/PortNames.h"
+#include "serial/PortReturn.h"
 #include "serial/SerialControl.h"
 #include "serial/SerialLog.h"
 
@@ -50,6 +51,8 @@ public:
     void ClosePort();
     /// Why the last `OpenPort` failed.
     [[nodiscard]] const std::optional<PortFault>& LastFault() const { return lastFault_; }
+    /// What the port was opened with last; nothing before it was.
+    [[nodiscard]] const std::optional<OpenedPort>& Opened() const { return opened_; }
 
     /// Waits about `count` times `interval`, serving events. Notices a port that is lost meanwhile.
     /// Waits never nest: called from within another wait it ends that one and does not wait itself
@@ -89,6 +92,7 @@ private:
     SerialLog& log_;
     const Texts& texts_;
     std::optional<PortFault> lastFault_;
+    std::optional<OpenedPort> opened_;
     bool waiting_ = false;
     bool cancelled_ = false;
     bool streaming_ = false;

@@ -32,6 +32,20 @@ std::string LineOf(const fs::path& path)
     return line;
 }
 
+/// "1.0" of interface "1-2:1.0"; with "/1" behind it when the interface has ports that are counted, this one
+/// being 1.
+std::string ChannelOf(const fs::path& usb, const fs::path& port)
+{
+    std::string channel;
+    const std::string stem = usb.filename().string() + ":";
+    for (fs::path folder = port; folder != usb && folder.has_relative_path(); folder = folder.parent_path())
+        if (const std::string name = folder.filename().string(); name.starts_with(stem))
+            channel = name.substr(stem.size());
+    if (const std::string number = LineOf(port / "port_number"); !number.empty())
+        channel.append("/").append(number);
+    return channel;
+}
+
 } // namespace
 
 PortDescription PosixPortDescriptions::Describe(const PortDevice& device) const
@@ -44,7 +58,8 @@ PortDescription PosixPortDescriptions::Describe(const PortDevice& device) const
     const fs::path usb = error ? fs::path() : UsbDeviceAbove(interface);
     if (usb.empty())
         return {};
-    return {LineOf(usb / "manufacturer"), LineOf(usb / "product"), LineOf(usb / "serial")};
+    return {LineOf(usb / "manufacturer"), LineOf(usb / "product"), LineOf(usb / "serial"),
+            usb.filename().string(), ChannelOf(usb, interface)};
 }
 
 } // namespace quorvane

@@ -83,12 +83,27 @@ std::string InstanceIdOf(DEVINST device)
                                                                                   : std::string();
 }
 
-std::string SerialNumberOf(DEVINST device)
+/// The first of its location paths: the chain of hubs and sockets that leads to it.
+std::string PlaceOf(DEVINST device)
+{
+    Characters paths{};
+    ULONG size = sizeof paths - 2 * sizeof(wchar_t);
+    return ::CM_Get_DevNode_Registry_PropertyW(device, CM_DRP_LOCATION_PATHS, nullptr, paths.data(), &size,
+                                               0) == CR_SUCCESS
+               ? Utf8(paths.data())
+               : std::string();
+}
+
+/// Tells by what the device of a port is known again: what is above the port has serial number and place.
+void Identify(DEVINST device, PortDescription& description)
 {
     std::string id = InstanceIdOf(device);
+    description.channel = ChannelIn(id);
     while (BelongsToDeviceAbove(id) && ::CM_Get_Parent(&device, device, 0) == CR_SUCCESS)
         id = InstanceIdOf(device);
-    return std::string(SerialNumberIn(id));
+    description.serialNumber = SerialNumberIn(id);
+    if (id.starts_with("USB\\"))
+        description.place = PlaceOf(device);
 }
 
 /// @return nothing when the list has no port of that name
@@ -98,8 +113,11 @@ std::optional<PortDescription> DescriptionIn(const DeviceList& list, const std::
         if (PortNameOf(list, *device) != portName)
             continue;
         const std::string name = PropertyOf(list, *device, SPDRP_FRIENDLYNAME);
-        return PortDescription{PropertyOf(list, *device, SPDRP_MFG),
-                               std::string(WithoutPortName(name, portName)), SerialNumberOf(device->DevInst)};
+        PortDescription description{.maker = PropertyOf(list, *device, SPDRP_MFG),
+                                    .product = std::string(WithoutPortName(name, portName)),
+                                    .serialNumber = {}};
+        Identify(device->DevInst, description);
+        return description;
     }
     return std::nullopt;
 }

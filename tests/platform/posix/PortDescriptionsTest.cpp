@@ -28,6 +28,7 @@ TEST(PortDescriptions, AreThoseOfTheUsbDeviceAboveThePort)
         {"usb/idVendor", "1d6b\n"}, // the hub's
         {"usb/product", "Hub\n"},
         {"usb/1-2/idVendor", "0403\n"},
+        {"usb/1-2/1-2:1.0/ttyUSB0/port_number", "3\n"},
         {"usb/1-2/manufacturer", "FTDI\n"},
         {"usb/1-2/product", "USB \xC2\xB5"
                             "C \n"},
@@ -44,9 +45,11 @@ TEST(PortDescriptions, AreThoseOfTheUsbDeviceAboveThePort)
                                  "C")
             << path;
         EXPECT_EQ(found.serialNumber, "") << path;
+        EXPECT_EQ(found.place, "1-2") << path;
+        EXPECT_EQ(found.channel, "1.0/3") << path;
     }
     for (const char* path : {"dev/ttyS0", "dev/ttyUSB7", "dev/gone"})
-        EXPECT_EQ(descriptions.Describe({folder.Path(path)}).product, "") << path;
+        EXPECT_EQ(descriptions.Describe({folder.Path(path)}), PortDescription{}) << path;
 }
 
 TEST(PortProbe, NamesTheGroupWhoseMembersMayUseTheDevice)
