@@ -8,6 +8,7 @@
 #include "files/FileFaultText.h"
 #include "files/NumberText.h"
 #include "files/SaveCommand.h"
+#include "instrument/DateTimeText.h"
 #include "measure/MeasurementRun.h"
 #include "measure/RunJournal.h"
 #include "measure/RunStatusText.h"
@@ -49,6 +50,7 @@ private:
     LoopTimer timer2_;
     LoopTimer timer3_;
     LoopTimer watchTimer_;
+    PortReturn portReturn_;
     RunReport report_;
     RunJournal journal_;
     SaveCommand save_;
@@ -65,6 +67,7 @@ Measurement::Measurement(const MeasureOptions& options)
       timer2_(line_.Pump(), options.speed),
       timer3_(line_.Pump(), options.speed),
       watchTimer_(line_.Pump()),
+      portReturn_({*system_.serial, *system_.portNames, *system_.portDescriptions}),
       report_(world_.console, arrays_, state_, world_.texts, system_.locale->DecimalSign(), !options.quiet),
       journal_(state_, state_, arrays_, *system_.journals),
       save_(state_, arrays_,
@@ -83,7 +86,7 @@ Measurement::Measurement(const MeasureOptions& options)
            .log = line_.Log(),
            .texts = world_.texts,
            .random = MakeRandomSource(options.randomSeed),
-           .journal = &journal_},
+           .portReturn = &portReturn_},
           [this] { save_.SaveMeasurement(); }, report_)
 {
     watchTimer_.OnTick([this] { Watch(); });
@@ -135,7 +138,9 @@ void Measurement::Watch()
 void Measurement::TellPortLoss(const RunStatus& status)
 {
     if (status.portLost && !portLossTold_)
-        world_.console.Say(world_.texts[kPortLostText]);
+        world_.console.Say(PortLossText(status, state_.RsPort, world_.texts));
+    if (!status.portLost && portLossTold_)
+        world_.console.Say(FilledIn(world_.texts[kPortBackText], InstrumentTimeText(system_.clock->Now())));
     portLossTold_ = status.portLost;
 }
 

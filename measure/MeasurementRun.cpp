@@ -34,7 +34,13 @@ MeasurementRun::MeasurementRun(ApplicationState& state, MeasurementArrays& array
       services_(std::move(services)),
       save_(std::move(save)),
       observer_(observer),
-      lines_(state, {services_.control, services_.timer1, services_.clock, services_.log},
+      lines_(state,
+             {.control = services_.control,
+              .timer1 = services_.timer1,
+              .clock = services_.clock,
+              .log = services_.log,
+              .lookForReturn =
+                  [this] { return services_.portReturn != nullptr && services_.portReturn->Look(); }},
              [this](std::chrono::milliseconds time) { return ServeRun(time); }),
       record_(state, state, arrays),
       clocks_(services_.clock),
@@ -174,6 +180,8 @@ MeasurementRun::Refusal MeasurementRun::Connect()
         services_.link.ClosePort();
         return RunResult::PortNotOpened;
     }
+    if (services_.portReturn != nullptr && services_.link.Opened())
+        services_.portReturn->Begin(*services_.link.Opened());
     const bool answered = CancelRequested == 0 && services_.link.CheckInstrument();
     if (answered && CancelRequested == 0)
         return std::nullopt;
@@ -249,12 +257,16 @@ void MeasurementRun::Disconnect()
     if (services_.keepAwake != nullptr)
         services_.keepAwake->Release();
     state_.SampleCount = takenSamples_; // a failed read leaves no empty row
+    if (state_.RunMode) {
+        const auto gap = lines_.End(takenSamples_);
+        if (gap && takenSamples_ < PlannedSamples()) // behind the last planned reading none is missing
+            arrays_.Gaps.push_back(*gap);
+    }
     if (services_.journal != nullptr)
         services_.journal->End();
     if (!state_.RunMode)
         return;
     services_.link.SetStreaming(false);
-    lines_.End();
     SendStopExchange();
     services_.link.ClosePort();
 }
@@ -342,7 +354,8 @@ RunStatus MeasurementRun::Status()
     status.silentSince = lines_.SilentSince();
     if (state_.RunMode && runState_ == RunState::Measuring) {
         status.linesBehind = lines_.Behind();
-        status.portLost = lines_.PortLost();
+        status.portLost = lines_.LostSince().has_value();
+        status.portLostSince = lines_.LostSince().value_or(LocalMoment{});
     }
     return status;
 }
@@ -380,6 +393,8 @@ bool MeasurementRun::TakeLine()
         Fail();
     if (taken.outcome != InstrumentLines::Outcome::Line)
         return false;
+    if (taken.gap)
+        arrays_.Gaps.push_back(*taken.gap);
     arrays_.ReplyLine[static_cast<std::size_t>(sample)] = std::move(taken.text);
     return true;
 }

@@ -16,6 +16,7 @@
 #include "measure/RunObserver.h"
 #include "measure/SimulatedReading.h"
 #include "serial/PortLink.h"
+#include "serial/PortReturn.h"
 
 #include <functional>
 #include <optional>
@@ -31,6 +32,7 @@ struct RunStatus {
     int linesBehind =
         0; ///< whole lines that wait behind the last one taken; more than 1: the instrument is faster
     bool portLost = false;                         ///< the device of the running measurement has gone
+    LocalMoment portLostSince{};                   ///< by the computer's clock, while `portLost`
     std::chrono::steady_clock::time_point askedAt; ///< now, by the clock of the times below
     /// Since when the run measures without a new reading: since the newest one, or since it measures while
     /// there is none; nothing while no run measures.
@@ -51,11 +53,9 @@ struct RunServices {
     Prompts& prompts;
     SerialLog& log;
     const Texts& texts;
-    RandomSource random;            ///< for simulated readings
-    RunJournal* journal = nullptr;  ///< null: none is kept
-    KeepAwake* keepAwake = nullptr; ///< null: the computer sleeps when it likes
-    /// What the operator should know before a run and may start in spite of; empty when all is well.
-    std::function<std::string()> advice{};
+    RandomSource random;              ///< for simulated readings
+    RunJournal* journal = nullptr;    ///< null: none is kept
+    PortReturn* portReturn = nullptr; ///< null: a lost device is not looked for
 };
 
 /// One measurement run: start, pacing, the polling step that takes a reading, stop. `Start` returns when the

@@ -1,6 +1,7 @@
 #include "measure/RunStatusText.h"
 
 #include "files/NumberText.h"
+#include "instrument/DateTimeText.h"
 #include "resources/OwnTexts.h"
 
 #include <cstdint>
@@ -14,7 +15,7 @@ using namespace std::chrono_literals;
 /// while bytes come in the sentence would be wrong, and 28 of them end the wait.
 constexpr std::chrono::seconds kLongSilence{20};
 
-int StateTextId(RunState state, bool portLost)
+int StateTextId(RunState state)
 {
     switch (state) {
     case RunState::Idle:
@@ -23,7 +24,7 @@ int StateTextId(RunState state, bool portLost)
     case RunState::Starting:
         return kConnectingText;
     case RunState::Measuring:
-        return portLost ? kPortLostText : kMeasuringText;
+        return kMeasuringText;
     case RunState::Stopping:
         return kStoppingText;
     }
@@ -36,7 +37,9 @@ void SetAge(RunStatusText& text, std::chrono::seconds interval, const RunStatus&
         return;
     const auto age = status.askedAt - *status.noReadingSince;
     text.stale = age > 2 * interval;
-    text.noData = text.stale && status.silentSince && status.askedAt - *status.silentSince >= kLongSilence;
+    // While the port is lost its loss is told, and not silence, of which the instrument is innocent.
+    text.noData = text.stale && !status.portLost && status.silentSince &&
+                  status.askedAt - *status.silentSince >= kLongSilence;
     if (text.noData) {
         text.age = texts[kNoDataText];
         return;
@@ -58,19 +61,29 @@ std::string DurationText(std::chrono::seconds time)
     return hours + two(parts.minutes().count()) + ":" + two(parts.seconds().count());
 }
 
+std::string PortLossText(const RunStatus& status, const std::string& port, const Texts& texts)
+{
+    return FilledIn(FilledIn(texts[kPortLostText], InstrumentTimeText(status.portLostSince)), port);
+}
+
 RunStatusText StatusText(const ApplicationState& state, RunState runState, const RunStatus& status,
                          const Texts& texts, bool portPresent)
 {
     RunStatusText text;
-    text.state = texts[StateTextId(runState, status.portLost)];
+    const bool measuring = runState == RunState::Measuring;
+    const bool portLost = measuring && status.portLost;
+    text.state = portLost ? PortLossText(status, state.RsPort, texts) : texts[StateTextId(runState)];
     text.mode = texts[state.RunMode ? kInstrumentModeText : kSimulatedModeText];
     if (state.RunMode)
-        text.port = portPresent ? state.RsPort : FilledIn(texts[kPortNotConnectedText], state.RsPort);
-    const bool underWay = runState == RunState::Measuring || runState == RunState::Stopping;
+        // The adapter may have come back under another name.
+        text.port = portPresent || (measuring && !portLost)
+                        ? state.RsPort
+                        : FilledIn(texts[kPortNotConnectedText], state.RsPort);
+    const bool underWay = measuring || runState == RunState::Stopping;
     if (underWay || state.DataPresent == 1)
         text.sample = FilledIn(FilledIn(texts[kSampleText], std::to_string(status.taken)),
                                std::to_string(status.planned));
-    if (runState == RunState::Measuring)
+    if (measuring)
         text.timeLeft = FilledIn(texts[kTimeLeftText], DurationText(status.left));
     if (status.linesBehind > 1)
         text.behind = FilledIn(texts[kLinesBehindText], std::to_string(status.linesBehind));

@@ -14,7 +14,7 @@ namespace quorvane {
 
 /// What a status bar says, one text for each of its fields; a field with nothing to say is empty.
 struct RunStatusText {
-    std::string state;    ///< "Measuring", "Port lost; waiting for the instrument"
+    std::string state;    ///< "Measuring", "Port lost since 10:23:45; waiting for COM1"
     std::string mode;     ///< "Instrument" or "SIMULATED"
     std::string port;     ///< "COM1", "COM1 (not connected)"; empty when the readings are simulated
     std::string sample;   ///< "Sample 3 of 3600"
@@ -24,6 +24,9 @@ struct RunStatusText {
     bool stale = false;   ///< the newest values are old: two sampling intervals went by without a reading
     bool noData = false;  ///< `age` says that no data comes
 };
+
+/// "Port lost since 10:23:45; waiting for COM3", for a status whose port is lost.
+[[nodiscard]] std::string PortLossText(const RunStatus& status, const std::string& port, const Texts& texts);
 
 /// @param portPresent  whether there is a device behind the port of the settings
 [[nodiscard]] RunStatusText StatusText(const ApplicationState& state, RunState runState,

@@ -27,8 +27,8 @@ enum OwnText : int {
     kAlarmStelText = 1022,
     kAlarmCeilingText = 1023,
     kSavedText = 1024,
-    kPortLostText = 1025,
-    kGivenUpText = 1027, ///< %1: seconds of silence
+    kPortLostText = 1025, ///< first %1: time of day, second: the port
+    kGivenUpText = 1027,  ///< %1: seconds of silence
     kAlarmExcursionText = 1028,
     kRescuedText = 1029, ///< %1: a file's path
     kNotRescuedText = 1030,
@@ -324,16 +324,8 @@ enum OwnText : int {
     kPrintToFileHintText = 1502,
     kNoPrinterText = 1503,
 
-    // The journal of a run on the command line, and what can be had from one.
-    kJournalFaultText = 1511, ///< %1: why
-    kJournalBehindText = 1512,
-    kJournalGoodText = 1513,
-    kLeftOverRunText = 1514, ///< %1: the journal
-    kNothingLeftText = 1515,
-    kNoJournalText = 1516,    ///< %1: the file
-    kNewerJournalText = 1517, ///< %1: the file
-    kRunFactsText = 1518,     ///< five %1: readings, start, newest reading, damaged records, gaps
-    kRunGivenUpText = 1519,   ///< %1: the journal
+    // A device that went during a run.
+    kPortBackText = 1521, ///< %1: time of day
 };
 
 } // namespace quorvane

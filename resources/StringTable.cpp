@@ -151,8 +151,8 @@ constexpr Entry kEntries[] = {
     {kAlarmStelText, "Alarm TLV-STEL", "TLV-STEL 警報"},
     {kAlarmCeilingText, "Alarm TLV-C", "TLV-C 警報"},
     {kSavedText, "Saved", "保存しました"},
-    {kPortLostText, "Port lost; waiting for the instrument",
-     "ポートの接続が切れました。測定器を待っています。"},
+    {kPortLostText, "Port lost since %1; waiting for %1",
+     "%1 にポートの接続が切れました。%1 を待っています。"},
     {kGivenUpText, "No data from the instrument for %1 s; the run was given up",
      "測定器から %1 秒間データが届かなかったため、測定を打ち切りました。"},
     {kAlarmExcursionText, "Alarm TLV-STEL (too many or too close excursions above TLV-TWA)",
@@ -508,28 +508,8 @@ constexpr Entry kEntries[] = {
     {kNoPrinterText, "No printer is installed. A PDF file can be written.",
      "プリンターがありません。PDF に出力できます。"},
 
-    {kJournalFaultText,
-     "The readings cannot be written to the run's journal: %1. The measurement goes on, but if the program "
-     "ended unexpectedly now, they would be lost.",
-     "測定データを測定記録に書き込めません: %1。測定は継続しますが、"
-     "いまプログラムが異常終了すると、測定データは失われます。"},
-    {kJournalBehindText,
-     "The disk is slow: readings wait for being written to the run's journal. The measurement goes on.",
-     "ディスクの動作が遅く、測定記録への書き込みが遅れています。測定は継続します。"},
-    {kJournalGoodText, "The run's journal is complete again.", "測定記録への書き込みが追いつきました。"},
-    {kLeftOverRunText,
-     "The readings of an earlier run were not saved. They are in %1; \"quorvane-cli recover --output FILE\" "
-     "saves them.",
-     "以前の測定データが保存されていません。%1 に残っています。"
-     "「quorvane-cli recover --output ファイル名」で保存できます。"},
-    {kNothingLeftText, "No run is left to recover.", "復元できる測定データはありません。"},
-    {kNoJournalText, "%1 is not a run's journal, or its beginning is damaged.",
-     "%1 は測定記録ではないか、先頭部分が破損しています。"},
-    {kNewerJournalText, "%1 was written by a newer version of this program, which can recover it.",
-     "%1 は新しいバージョンのプログラムで作成されています。そのバージョンで復元してください。"},
-    {kRunFactsText, "readings: %1, from %1 to %1, damaged records left out: %1, gaps: %1",
-     "測定データ: %1 件、%1 から %1 まで、破損により除いた記録: %1、中断: %1"},
-    {kRunGivenUpText, "Given up: %1", "破棄しました: %1"},
+    {kPortBackText, "Port back at %1; the measurement goes on",
+     "%1 にポートの接続が戻りました。測定を続けます。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -30,15 +30,19 @@ TEST(RunStatusTextTest, SaysWhatTheRunIsDoing)
     EXPECT_EQ(text.mode, "Instrument");
     EXPECT_EQ(text.port, "COM3");
     EXPECT_EQ(StatusText(state, RunState::Idle, status, texts, false).port, "COM3 (not connected)");
+    EXPECT_EQ(StatusText(state, RunState::Measuring, status, texts, false).port, "COM3")
+        << "its adapter is another port by now";
     EXPECT_EQ(text.sample, "Sample 3 of 3600");
     EXPECT_EQ(text.timeLeft, "Time left 59:57");
     EXPECT_EQ(text.behind, ""); // one line is the one that is being taken
 
     status.linesBehind = 2;
     status.portLost = true;
+    status.portLostSince = std::chrono::local_days(std::chrono::year(2024) / 5 / 1) + 9h + 23min + 45s;
     status.left = 10h + 5s;
     text = StatusText(state, RunState::Measuring, status, texts);
-    EXPECT_EQ(text.state, "Port lost; waiting for the instrument");
+    EXPECT_EQ(text.state, "Port lost since 09:23:45; waiting for COM3");
+    EXPECT_EQ(StatusText(state, RunState::Measuring, status, texts, false).port, "COM3 (not connected)");
     EXPECT_EQ(text.timeLeft, "Time left 10:00:05");
     EXPECT_EQ(text.behind, "2 lines waiting");
 
@@ -61,6 +65,7 @@ TEST(RunStatusTextTest, TellsHowOldTheNewestReadingIs)
         std::optional<std::chrono::milliseconds> silence;
         std::string_view text;
         bool stale;
+        bool portLost = false;
     };
     const Row rows[] = {
         {"fresh", 1, 1, 999ms, {}, "Last reading 0 s ago", false},
@@ -72,6 +77,8 @@ TEST(RunStatusTextTest, TellsHowOldTheNewestReadingIs)
         {"simulated, and held up: never no data", 1, 1, 2h, {}, "Last reading 2:00:00 ago", true},
         {"waiting for 20 s less a bit", 1, 1, 20900ms, 19999ms, "Last reading 20 s ago", true},
         {"waiting for 20 s", 1, 1, 20900ms, 20000ms, "No data from the instrument", true},
+        {"and the port is lost, which is told elsewhere", 1, 1, 20900ms, 20000ms, "Last reading 20 s ago",
+         true, true},
         {"waiting for 20 s, but not two intervals", 1, 60, 119s, 59s, "Last reading 01:59 ago", false},
         {"first reading: nothing to tell the age of", 0, 1, 3s, 2s, "", true},
         {"no first reading", 0, 1, 21s, 20s, "No data from the instrument", true},
@@ -83,6 +90,7 @@ TEST(RunStatusTextTest, TellsHowOldTheNewestReadingIs)
         state.SamplingSeconds = static_cast<std::int16_t>(row.interval);
         RunStatus status;
         status.taken = row.taken;
+        status.portLost = row.portLost;
         status.askedAt = std::chrono::steady_clock::time_point(100h);
         status.noReadingSince = status.askedAt - row.age;
         if (row.silence)

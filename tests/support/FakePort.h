@@ -29,7 +29,7 @@ public:
     }
     void Arrive(const std::string& bytes)
     {
-        if (open_)
+        if (open_ && !vanished_)
             received_.Append(bytes);
     }
     /// The device goes away; noticed at the next look at the port, as with a real one.
