@@ -15,7 +15,7 @@ bool IsLeftOver(const std::filesystem::path& link)
 
 } // namespace
 
-DeviceLink::~DeviceLink()
+void DeviceLink::Remove()
 {
     std::error_code error;
     if (!device_.empty() && std::filesystem::read_symlink(path_, error) == device_)

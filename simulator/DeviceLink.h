@@ -12,13 +12,15 @@ namespace quorvane {
 class DeviceLink {
 public:
     explicit DeviceLink(std::filesystem::path path) : path_(std::move(path)) {}
-    ~DeviceLink();
+    ~DeviceLink() { Remove(); }
     DeviceLink(const DeviceLink&) = delete;
     DeviceLink& operator=(const DeviceLink&) = delete;
 
     /// Makes the link, in place of an earlier symbolic link but of nothing else. @return why it could not be
     /// made
     [[nodiscard]] std::optional<std::string> PointTo(const std::string& device);
+    /// Removes it, if it is there and points to the device.
+    void Remove();
 
 private:
     std::filesystem::path path_;

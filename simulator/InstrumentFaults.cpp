@@ -61,6 +61,8 @@ constexpr FaultRule kRules[] = {
      "bytes without pause from power-on, whatever else is said"},
     {"hang-up", FaultKind::HangUp, {Number(&InstrumentFault::count, 1, kMostLines), kNone}, "hang-up:LINES",
      "the device goes away after so many data lines"},
+    {"unplug", FaultKind::Unplug, {Number(&InstrumentFault::count, 1, kMostLines), Number(&InstrumentFault::timeMs, 1, kMostMs, 2000)},
+     "unplug:LINES[,MS]", "the device is away for a while (2000 ms) after so many data lines, again and again"},
 };
 // clang-format on
 

@@ -21,6 +21,7 @@ enum class FaultKind {
     DroppedByte,
     Chatter,
     HangUp,
+    Unplug,
 };
 
 /// One fault with its numbers; a kind uses only those that it needs.
@@ -29,10 +30,10 @@ struct InstrumentFault {
 
     FaultKind kind = FaultKind::Silent;
     char letter = kAnyCommand; ///< the command that it concerns
-    int timeMs = 0;            ///< LateAck: how late; Split: the pause. Real time, whatever the speed
+    int timeMs = 0;            ///< LateAck: how late; Split, Unplug: the pause. Real time, whatever the speed
     int byte = 0;  ///< Split: the pause follows this byte; DroppedByte: this one is missing; from 1
     int every = 0; ///< NoLineEnd, DroppedByte: one data line in so many, from 1
-    int count = 0; ///< Garbage: bytes; HangUp: lines
+    int count = 0; ///< Garbage: bytes; HangUp, Unplug: lines
 };
 
 /// Reads "NAME" or "NAME:ARG[,ARG]", for example "split:8,40", into `fault`.

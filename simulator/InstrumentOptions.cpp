@@ -71,6 +71,8 @@ std::optional<UsageFault> ReadInstrumentOptions(std::span<const std::string> arg
             return wrong;
         options.setup.faults.push_back(fault);
     }
+    if (FindFault(options.setup.faults, FaultKind::Unplug) != nullptr && options.link.empty())
+        return UsageFault{"the fault unplug needs --link, where the device comes back"};
     return std::nullopt;
 }
 

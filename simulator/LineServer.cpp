@@ -19,14 +19,10 @@ LineServer::End LineServer::Serve()
 {
     while (!stop_.Raised()) {
         const Time now = Now();
-        // Read first: who is seen to have written and gone in between gets no answer, as on a wire.
-        const std::string commands = terminal_.Read();
-        if (!NoticeClients(now))
+        if (instrument_.Unplugged(now) == plugged_ && !TurnPlug(now))
             return End::Failed;
-        if (!commands.empty()) {
-            log_.Note(now, "received", commands);
-            instrument_.Receive(commands, now);
-        }
+        if (plugged_ && !Listen(now))
+            return End::Failed;
         PassOn(now);
         if (instrument_.HungUp(now) && outgoing_.empty()) {
             Wait(kLastReading, false);
@@ -36,6 +32,36 @@ LineServer::End LineServer::Serve()
         WaitForNextEvent();
     }
     return End::Stopped;
+}
+
+/// @return false when there is no line to be had
+bool LineServer::TurnPlug(Time now)
+{
+    plugged_ = !plugged_;
+    log_.Note(now, plugged_ ? "plugged in" : "unplugged");
+    if (!plugged_) {
+        terminal_.Close();
+        client_ = false;
+    } else if (auto fault = terminal_.Open()) {
+        failure_ = *fault;
+        return false;
+    }
+    plugTurned_(plugged_);
+    return true;
+}
+
+/// @return false when the line is lost
+bool LineServer::Listen(Time now)
+{
+    // Read first: who is seen to have written and gone in between gets no answer, as on a wire.
+    const std::string commands = terminal_.Read();
+    if (!NoticeClients(now))
+        return false;
+    if (!commands.empty()) {
+        log_.Note(now, "received", commands);
+        instrument_.Receive(commands, now);
+    }
+    return true;
 }
 
 /// @return false when the line is lost
@@ -81,6 +107,8 @@ void LineServer::WaitForNextEvent() const
         if (const auto due = instrument_.NextDue())
             time = std::min(time, *due - Now());
     }
+    if (const auto turn = instrument_.NextTurnOfPlug(Now()))
+        time = std::min(time, *turn - Now());
     Wait(std::max(time, Time::zero()), client_);
 }
 

@@ -19,14 +19,16 @@ class LineServer {
 public:
     enum class End { Stopped, HungUp, Failed };
 
-    /// `newDevice` is called when the line had to move to a device of another name.
+    /// `newDevice` is called when the line had to move to a device of another name, `plugTurned` when the
+    /// line was unplugged (false) or is there again, perhaps under another name.
     LineServer(SimulatedInstrument& instrument, PseudoTerminal& terminal, const StopSignal& stop,
-               TrafficLog& log, std::function<void()> newDevice)
+               TrafficLog& log, std::function<void()> newDevice, std::function<void(bool)> plugTurned)
         : instrument_(instrument),
           terminal_(terminal),
           stop_(stop),
           log_(log),
-          newDevice_(std::move(newDevice))
+          newDevice_(std::move(newDevice)),
+          plugTurned_(std::move(plugTurned))
     {
     }
 
@@ -39,6 +41,8 @@ private:
     using Time = SimulatedInstrument::Time;
 
     [[nodiscard]] Time Now() const { return std::chrono::steady_clock::now() - powerOn_; }
+    [[nodiscard]] bool TurnPlug(Time now);
+    [[nodiscard]] bool Listen(Time now);
     [[nodiscard]] bool NoticeClients(Time now);
     void PassOn(Time now);
     void Wait(Time time, bool watchLine) const;
@@ -49,7 +53,9 @@ private:
     const StopSignal& stop_;
     TrafficLog& log_;
     std::function<void()> newDevice_;
+    std::function<void(bool)> plugTurned_;
     std::chrono::steady_clock::time_point powerOn_ = std::chrono::steady_clock::now();
+    bool plugged_ = true;
     bool client_ = false;
     std::string outgoing_; ///< sent by the instrument, not yet taken by the line
     std::string failure_;

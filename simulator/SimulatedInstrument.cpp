@@ -66,6 +66,18 @@ bool SimulatedInstrument::HungUp(Time now) const
     return hangUpTime_ && *hangUpTime_ <= now;
 }
 
+bool SimulatedInstrument::Unplugged(Time now) const
+{
+    return pull_ && pull_->out <= now && now < pull_->in;
+}
+
+std::optional<SimulatedInstrument::Time> SimulatedInstrument::NextTurnOfPlug(Time now) const
+{
+    if (!pull_ || pull_->in <= now)
+        return std::nullopt;
+    return now < pull_->out ? pull_->out : pull_->in;
+}
+
 void SimulatedInstrument::Command(std::string_view text, Time now)
 {
     struct CommandRule {
@@ -199,6 +211,19 @@ void SimulatedInstrument::MakeLine()
         stream_.reset();
         hangUpTime_ = queue_.back().due;
     }
+    PullAfterLine(queue_.back().due);
+}
+
+/// Half an interval behind the line, by when its reader has it.
+void SimulatedInstrument::PullAfterLine(Time due)
+{
+    const InstrumentFault* const unplug = Fault(FaultKind::Unplug);
+    if (unplug == nullptr || (pull_ && due < pull_->in) || ++linesSincePull_ < unplug->count)
+        return;
+    linesSincePull_ = 0;
+    const double half = static_cast<double>(Time(setup_.interval).count()) / setup_.speed / 2;
+    const Time out = due + Time(std::llround(half));
+    pull_ = Pull{out, out + std::chrono::milliseconds(unplug->timeMs)};
 }
 
 std::string SimulatedInstrument::DataLine(double conc_mg_m3) const

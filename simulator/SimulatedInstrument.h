@@ -44,6 +44,10 @@ public:
     [[nodiscard]] std::optional<Time> NextDue() const;
     /// @return whether it has gone away, with its last byte sent
     [[nodiscard]] bool HungUp(Time now) const;
+    /// @return whether its line is unplugged; it sends on then, and nobody hears it
+    [[nodiscard]] bool Unplugged(Time now) const;
+    /// When its line is unplugged or plugged in next, as far as that is settled.
+    [[nodiscard]] std::optional<Time> NextTurnOfPlug(Time now) const;
     /// The measuring program as the last P brought it: what stood behind the letter. Empty before the first.
     [[nodiscard]] const std::string& StoredProgram() const { return memory_.Program(); }
 
@@ -56,6 +60,11 @@ private:
         Time start;
         InstrumentMemory::ClockTime clockAtStart;
         std::int64_t lines = 0; ///< so many are made
+    };
+
+    struct Pull {
+        Time out;
+        Time in;
     };
 
     void Command(std::string_view text, Time now);
@@ -71,6 +80,7 @@ private:
     [[nodiscard]] std::optional<Time> NextEvent() const;
     [[nodiscard]] Time NextLineDue() const;
     void MakeLine();
+    void PullAfterLine(Time due);
     [[nodiscard]] std::string DataLine(double conc_mg_m3) const;
     void MakeChatter();
 
@@ -91,6 +101,8 @@ private:
     Time chatterDue_{0};           ///< the next chunk of chatter
     std::int64_t linesSincePowerOn_ = 0;
     std::optional<Time> hangUpTime_; ///< set with the last data line
+    std::optional<Pull> pull_;       ///< the latest one
+    std::int64_t linesSincePull_ = 0;
 };
 
 } // namespace quorvane

@@ -58,11 +58,17 @@ int Serve(const InstrumentOptions& options, const LocalClock& clock, std::unique
             if (auto fault = link.PointTo(terminal.Path()))
                 Complain(*fault);
     };
+    const auto plugTurned = [&](bool plugged) {
+        if (!plugged)
+            link.Remove();
+        else if (auto fault = link.PointTo(terminal.Path()))
+            Complain(*fault);
+    };
     InstrumentSetup setup = options.setup;
     setup.clockAtPowerOn = options.startAt.value_or(clock.Now());
     SimulatedInstrument instrument(std::move(setup), std::move(readings));
     TrafficLog log(options.verbose ? &std::cerr : nullptr);
-    LineServer server(instrument, terminal, stop, log, newDevice);
+    LineServer server(instrument, terminal, stop, log, newDevice, plugTurned);
     switch (server.Serve()) {
     case LineServer::End::Stopped:
         return kExitDone;

@@ -1,5 +1,7 @@
 #include "tests/support/Bench.h"
 
+#include <algorithm>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -47,6 +49,39 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"HangUp", "hang-up:2", "2", 0, "No data from the instrument", ",D Command Data Read,",
                         2}),
     [](const testing::TestParamInfo<Row>& row) { return row.param.name; });
+
+TEST(MeasurePlug, IsPulledTwiceAndTheRunGoesOn)
+{
+    const ScratchFolder place;
+    const std::string link = place.Path("line");
+    const std::string speed = "10"; // a line each 100 ms; 12 of them, then 0.3 s without the device
+    const Bench bench({"--verbose", "--link", link, "--speed", speed, "--fault", "unplug:12,300"});
+    ChildProgram program = bench.Start({"measure", "--port", link, "--output", bench.Output(), "--samples",
+                                        "25", "--interval", "1", "--speed", speed, "--quiet"},
+                                       "errors.txt");
+    EXPECT_EQ(program.Wait(), 0) << bench.Said();
+
+    const auto count = [](const std::string& text, const std::string& part) {
+        std::size_t found = 0;
+        for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+            ++found;
+        return found;
+    };
+    const std::string traffic = FileBytes(bench.Folder().Path("instrument.txt"));
+    EXPECT_EQ(count(traffic, "received  D\\r\\n"), 1U) << traffic;
+    const std::size_t losses = count(bench.Said(), "Port lost since ");
+    EXPECT_GE(losses, 2U) << "11 lines at most between two pulls";
+    EXPECT_EQ(count(bench.Said(), "; waiting for " + link + "\n"), losses) << bench.Said();
+    EXPECT_EQ(count(bench.Said(), "Port back at "), losses) << bench.Said();
+    EXPECT_EQ(count(bench.ErrorLog(), ",D Command Data Read,, 0\r\n"), losses) << bench.ErrorLog();
+
+    const std::vector<std::string> rows = bench.Rows();
+    EXPECT_EQ(rows.size(), 25U);
+    EXPECT_EQ(std::ranges::adjacent_find(rows, std::ranges::greater_equal{}), rows.end())
+        << "the times of the instrument rise";
+    for (const std::string& row : rows)
+        EXPECT_EQ(std::count(row.begin(), row.end(), ','), 6) << "a whole line: " << row;
+}
 
 } // namespace
 } // namespace quorvane

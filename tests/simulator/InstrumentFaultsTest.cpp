@@ -103,6 +103,22 @@ TEST(InstrumentFaults, HangsUpAfterItsLastLineSincePowerOn)
     EXPECT_EQ(device.NextDue(), std::nullopt) << "a device that is gone does not chatter";
 }
 
+TEST(InstrumentFaults, IsUnpluggedAgainAndAgainAndMeasuresOn)
+{
+    Device device(With({"unplug:2,1200"}));
+    (void) device.Ask("D\r\n", 0s);
+    EXPECT_EQ(device.Take(2400ms), kLine1 + kLine2);
+    EXPECT_EQ(device.NextTurnOfPlug(2400ms), 2500ms) << "half an interval behind the line";
+    EXPECT_FALSE(device.Unplugged(2499ms));
+    EXPECT_EQ(device.Take(3600ms), kLine3);
+    EXPECT_TRUE(device.Unplugged(3699ms));
+    EXPECT_EQ(device.NextTurnOfPlug(3600ms), 3700ms);
+    EXPECT_FALSE(device.Unplugged(3700ms));
+    EXPECT_EQ(device.NextTurnOfPlug(3700ms), std::nullopt);
+    (void) device.Take(5s); // two more lines: the one that nobody heard does not count
+    EXPECT_EQ(device.NextTurnOfPlug(5s), 5500ms);
+}
+
 TEST(InstrumentFaults, OfSettingsAndOfTheClockRecord)
 {
     struct Row {
