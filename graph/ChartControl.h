@@ -46,6 +46,8 @@ public:
     /// Adds a point. One whose time lies before the last one's is sorted in.
     virtual void AddPoint(std::int16_t series, ChartTime time, double value) = 0;
     virtual void ClearPoints() = 0;
+    /// Leaves out the line from the last point to the next one, of all curves that are lines.
+    virtual void BreakLines() = 0;
     /// Whether the series has a place in the legend.
     virtual void SetInLegend(std::int16_t series, bool shown) = 0;
     /// Whether the picture says that its values are made up; it says so on the screen, on paper and in files.
@@ -62,10 +64,15 @@ public:
 
     /// `handler` runs at the end of every redraw, on the screen and elsewhere, and may call `DrawLevel`.
     virtual void OnRedraw(std::function<void()> handler) = 0;
+    /// `handler` runs in every redraw before the curves are drawn, and may call `DrawGap`.
+    virtual void OnRedrawBehind(std::function<void()> handler) = 0;
     /// `handler` runs after the operator has zoomed or scrolled.
     virtual void OnUserZoom(std::function<void()> handler) = 0;
     /// Draws a horizontal line of pure red, one pixel wide, across the whole time axis. Only while redrawing.
     virtual void DrawLevel(LineStyle style, double level) = 0;
+    /// Hatches the whole height between two times, both marked by a dashed line; a single such line where
+    /// they are the same. Only while redrawing what is behind the curves.
+    virtual void DrawGap(ChartTime begin, ChartTime end) = 0;
 };
 
 } // namespace quorvane

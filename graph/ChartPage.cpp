@@ -115,7 +115,7 @@ std::vector<PageFact> ChartFacts(const ApplicationState& state, const Measuremen
     };
     const auto caption = [&](int id) { return Shown(texts[id]); };
     const auto limit = [&](double value) { return Shown(GeneralText(value, decimalSign)); };
-    return {
+    std::vector<PageFact> facts = {
         {caption(kFirstReadingText), moment(1)},
         {caption(kLastReadingText), moment(count)},
         {caption(kReadingCountText), QString::number(count)},
@@ -124,6 +124,9 @@ std::vector<PageFact> ChartFacts(const ApplicationState& state, const Measuremen
         {caption(kStelLimitText), limit(state.StelAlarm)},
         {caption(kCeilingLimitText), limit(state.CAlarm)},
     };
+    if (!arrays.Gaps.empty()) // what the hatching is
+        facts.push_back({caption(kGapsText), QString::number(arrays.Gaps.size())});
+    return facts;
 }
 
 std::vector<QSize> UsualChartSizes()

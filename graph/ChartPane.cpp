@@ -128,8 +128,10 @@ void ChartPane::SelectSpan(int number)
 QString ChartPane::HintAt(ChartTime time) const
 {
     const int reading = NearestReading(arrays_, chart_.Readings(), time);
-    return reading == 0 ? QString()
-                        : Shown(ReadingHint(arrays_, state_, reading, texts_, locale_.DecimalSign()));
+    std::string hint = ReadingHint(arrays_, state_, reading, texts_, locale_.DecimalSign());
+    if (!hint.empty())
+        hint += GapHint(arrays_, reading, time, texts_, locale_);
+    return Shown(hint);
 }
 
 } // namespace quorvane

@@ -3,6 +3,7 @@
 #include "graph/ChartSteps.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace quorvane {
@@ -23,6 +24,11 @@ QPoint PixelOf(const QPointF& point)
 {
     constexpr double kFar = 1e6;
     return {qRound(std::clamp(point.x(), -kFar, kFar)), qRound(std::clamp(point.y(), -kFar, kFar))};
+}
+
+bool IsBreak(const QPointF& point)
+{
+    return std::isnan(point.y());
 }
 
 } // namespace
@@ -73,11 +79,15 @@ void LineSeries::getOptimizedLineData(QVector<QCPGraphData>* lineData, const Ite
     const double perKey = columns / shown.size();
     double previous = 0;
     for (Iterator point = begin; point != end;) {
+        if (std::isnan(point->value)) { // the line is broken here
+            lineData->append(*point++);
+            continue;
+        }
         const double column = std::floor((point->key - shown.lower) * perKey);
         const double columnEnd = shown.lower + (column + 1) / perKey;
         double low = point->value;
         double high = low;
-        for (++point; point != end && point->key < columnEnd; ++point) {
+        for (++point; point != end && point->key < columnEnd && !std::isnan(point->value); ++point) {
             low = std::min(low, point->value);
             high = std::max(high, point->value);
         }
@@ -90,8 +100,18 @@ void LineSeries::getOptimizedLineData(QVector<QCPGraphData>* lineData, const Ite
     }
 }
 
+/// A reading between two gaps has no line to be seen by.
+void LineSeries::DrawLonePoints(QCPPainter& painter, const QVector<QPointF>& lines) const
+{
+    const auto isBreak = [&](qsizetype i) { return i < 0 || i >= lines.size() || IsBreak(lines[i]); };
+    for (qsizetype i = 0; lines.size() > 1 && i < lines.size(); ++i)
+        if (!isBreak(i) && isBreak(i - 1) && isBreak(i + 1))
+            painter.fillRect(QRect(PixelOf(lines[i]) - QPoint(1, 1), QSize(3, 3)), pen().color());
+}
+
 void LineSeries::drawLinePlot(QCPPainter* painter, const QVector<QPointF>& lines) const
 {
+    DrawLonePoints(*painter, lines);
     if (painter->modes().testFlag(QCPPainter::pmVectorized)) {
         QCPGraph::drawLinePlot(painter, lines);
         return;
@@ -100,6 +120,8 @@ void LineSeries::drawLinePlot(QCPPainter* painter, const QVector<QPointF>& lines
     painter->setPen(pen());
     const int width = pen().width();
     for (qsizetype i = 1; i < lines.size(); ++i) {
+        if (IsBreak(lines[i - 1]) || IsBreak(lines[i]))
+            continue;
         const QPoint from = PixelOf(lines[i - 1]);
         const QPoint to = PixelOf(lines[i]);
         if (from.x() != to.x()) {

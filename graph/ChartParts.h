@@ -35,7 +35,8 @@ private:
 };
 
 /// A line. Where many points share a column of pixels it is drawn from the lowest to the highest of them, so
-/// that 65,500 readings cost no more than the picture is wide, however noisy they are.
+/// that 65,500 readings cost no more than the picture is wide, however noisy they are. A point whose value is
+/// no number breaks it.
 class LineSeries : public QCPGraph {
 public:
     using QCPGraph::QCPGraph;
@@ -45,6 +46,9 @@ protected:
     void getOptimizedLineData(QVector<QCPGraphData>* lineData, const Iterator& begin,
                               const Iterator& end) const override;
     void drawLinePlot(QCPPainter* painter, const QVector<QPointF>& lines) const override;
+
+private:
+    void DrawLonePoints(QCPPainter& painter, const QVector<QPointF>& lines) const;
 };
 
 /// Bars, 6 % of the distance of two readings wide, as outlines; where that is too narrow to see into, each

@@ -17,6 +17,8 @@ const QColor kLegendPanel(128, 128, 255);
 const QColor kBevelLight(255, 255, 255);
 const QColor kBevelDark(128, 128, 128);
 const QColor kNoticeRed(176, 0, 0);
+const QColor kGapHatch(64, 128, 136);
+const QColor kGapEdge(0, 0, 0);
 
 constexpr int kBevel = 3;
 constexpr int kBorder = 1;
@@ -30,6 +32,8 @@ constexpr int kNoticePixels = 16;
 constexpr int kNoticeMargin = 4;
 constexpr int kSymbolPercent = 10; ///< of the legend's width
 constexpr QMargins kLegendMargins(6, 2, 6, 2);
+constexpr int kHatchDistance = 10;
+constexpr int kNarrowestHatch = 4;
 constexpr int kPixelsPerTimeLabel = 90;
 constexpr int kPixelsPerValueLabel = 40;
 
@@ -175,6 +179,12 @@ void ChartPlot::AddSeries()
 void ChartPlot::AddDecorations()
 {
     new Decoration(this, u"background"_qs, [this](QCPPainter* painter) { DrawFrame(painter); });
+    new Decoration(this, u"grid"_qs, [this](QCPPainter* painter) {
+        gapPainter_ = painter;
+        if (onRedrawBehind_)
+            onRedrawBehind_();
+        gapPainter_ = nullptr;
+    });
     new Decoration(this, u"axes"_qs, [this](QCPPainter* painter) { DrawAxisTitle(painter); });
     new Decoration(this, kLevelLayer, [this](QCPPainter* painter) { DrawNotice(painter); });
     new Decoration(this, kLevelLayer, [this](QCPPainter* painter) {
@@ -229,6 +239,16 @@ void ChartPlot::ClearPoints()
         graph(series)->data()->clear();
 }
 
+/// A point without a value: the library and `LineSeries` begin a new line behind it.
+void ChartPlot::BreakLines()
+{
+    for (int series = 0; series < kChartSeriesCount; ++series) {
+        const auto points = graph(series)->data();
+        if (series != kRelativeIntegratedSeries && !points->isEmpty())
+            graph(series)->addData((points->constEnd() - 1)->key, std::nan(""));
+    }
+}
+
 void ChartPlot::MakeStale()
 {
     stale_ = true;
@@ -257,6 +277,31 @@ void ChartPlot::DrawLevel(LineStyle style, double level)
     levelPainter_->setPen(QPen(QColor(255, 0, 0), 1, ToolkitStyle(style), Qt::FlatCap));
     levelPainter_->drawLine(QLineF(area.left(), y, area.right(), y));
     levelPainter_->restore();
+}
+
+void ChartPlot::DrawGap(ChartTime begin, ChartTime end)
+{
+    if (gapPainter_ == nullptr)
+        return;
+    const QRect area = CurveArea();
+    const auto place = [&](ChartTime time) { // a little beyond the edges is far enough
+        const double x = xAxis->coordToPixel(time * kDaySeconds);
+        return qRound(std::clamp(x, area.left() - 2.0, area.right() + 2.0));
+    };
+    const QRect gap(QPoint(place(begin), area.top()), QPoint(place(end), area.bottom()));
+    gapPainter_->save();
+    gapPainter_->setClipRect(area);
+    gapPainter_->setPen(QPen(kGapHatch, 1));
+    if (gap.width() > kNarrowestHatch) {
+        gapPainter_->setClipRect(area & gap);
+        for (int x = gap.left(); x < gap.right() + gap.height(); x += kHatchDistance)
+            gapPainter_->drawLine(QLine(x, gap.top(), x - gap.height(), gap.bottom()));
+    }
+    gapPainter_->setPen(QPen(kGapEdge, 1, Qt::DashLine, Qt::FlatCap));
+    gapPainter_->drawLine(QLine(gap.topLeft(), gap.bottomLeft()));
+    if (gap.width() > 1)
+        gapPainter_->drawLine(QLine(gap.topRight(), gap.bottomRight()));
+    gapPainter_->restore();
 }
 
 QPicture ChartPlot::Frozen(QSize pictureSize)

@@ -25,12 +25,16 @@ public:
     void ShowLimits(const ChartLimits& limits);
     void AddPoint(std::int16_t series, ChartTime time, double value);
     void ClearPoints();
+    void BreakLines();
 
     void MakeStale();
     void RedrawNow();
     /// `handler` runs at the end of every redraw; only then `DrawLevel` draws.
     void OnRedraw(std::function<void()> handler) { onRedraw_ = std::move(handler); }
     void DrawLevel(LineStyle style, double level);
+    /// `handler` runs in every redraw before the curves are drawn; only then `DrawGap` draws.
+    void OnRedrawBehind(std::function<void()> handler) { onRedrawBehind_ = std::move(handler); }
+    void DrawGap(ChartTime begin, ChartTime end);
     [[nodiscard]] QPicture Frozen(QSize size);
 
     /// Where the curves are, in pixels of the widget as it was last drawn.
@@ -63,7 +67,9 @@ private:
     bool simulated_ = false;
     bool stale_ = true;
     std::function<void()> onRedraw_;
+    std::function<void()> onRedrawBehind_;
     QCPPainter* levelPainter_ = nullptr; ///< while the redraw handler runs
+    QCPPainter* gapPainter_ = nullptr;   ///< while the one for behind runs
 };
 
 } // namespace quorvane

@@ -154,6 +154,11 @@ void ChartWidget::ClearPoints()
     Changed();
 }
 
+void ChartWidget::BreakLines()
+{
+    plot_->BreakLines();
+}
+
 void ChartWidget::SetInLegend(std::int16_t series, bool shown)
 {
     plot_->SetInLegend(series, shown);
@@ -192,9 +197,19 @@ void ChartWidget::OnRedraw(std::function<void()> handler)
     plot_->OnRedraw(std::move(handler));
 }
 
+void ChartWidget::OnRedrawBehind(std::function<void()> handler)
+{
+    plot_->OnRedrawBehind(std::move(handler));
+}
+
 void ChartWidget::DrawLevel(LineStyle style, double level)
 {
     plot_->DrawLevel(style, level);
+}
+
+void ChartWidget::DrawGap(ChartTime begin, ChartTime end)
+{
+    plot_->DrawGap(begin, end);
 }
 
 QRect ChartWidget::CurveArea() const

@@ -48,6 +48,7 @@ public:
     void SetView(ChartView view) override;
     void AddPoint(std::int16_t series, ChartTime time, double value) override;
     void ClearPoints() override;
+    void BreakLines() override;
     void SetInLegend(std::int16_t series, bool shown) override;
     void SetSimulated(bool simulated) override;
     void SetAutoRepaint(bool on) override;
@@ -55,8 +56,10 @@ public:
     void SetMouseZoom(bool on) override;
     void UndoZoom() override;
     void OnRedraw(std::function<void()> handler) override;
+    void OnRedrawBehind(std::function<void()> handler) override;
     void OnUserZoom(std::function<void()> handler) override;
     void DrawLevel(LineStyle style, double level) override;
+    void DrawGap(ChartTime begin, ChartTime end) override;
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

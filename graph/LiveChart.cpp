@@ -1,5 +1,6 @@
 #include "graph/LiveChart.h"
 
+#include "measure/Gaps.h"
 #include "resources/SystemTexts.h"
 
 #include <algorithm>
@@ -53,6 +54,7 @@ LiveChart::LiveChart(const ApplicationState& state, const MeasurementArrays& arr
     : state_(state), arrays_(arrays), control_(control)
 {
     control_.OnRedraw([this] { DrawAlarmLines(); });
+    control_.OnRedrawBehind([this] { DrawGaps(); });
     control_.OnUserZoom([this] { ClampTimeAxis(); });
 }
 
@@ -75,6 +77,7 @@ void LiveChart::AddReading()
     const ChartTime time = TimeOf(sample);
     readings_ = sample;
     ScrollTimeAxis(time);
+    BreakAtGap(sample);
     ForPoints(arrays_, state_, sample, [&](ChartSeries series, double value) {
         if (series == kRelativeIntegratedSeries)
             AddBarPoint(series, time, value);
@@ -104,6 +107,7 @@ void LiveChart::ReplayReadings()
 {
     for (int sample = 1; sample <= readings_; ++sample) {
         const ChartTime time = TimeOf(sample);
+        BreakAtGap(sample);
         ForPoints(arrays_, state_, sample, [&](ChartSeries series, double value) {
             if (series == kRelativeIntegratedSeries) {
                 AddBarPoint(series, time, value);
@@ -220,6 +224,12 @@ void LiveChart::AddLinePoint(std::int16_t series, double value)
     RaiseForLine(value);
 }
 
+void LiveChart::BreakAtGap(int sample)
+{
+    if (std::ranges::any_of(GapsBefore(arrays_, sample), LosesReadings, &RunGap::kind))
+        control_.BreakLines();
+}
+
 void LiveChart::RaiseForLine(double value)
 {
     const double top = control_.LeftMaximum();
@@ -265,6 +275,34 @@ void LiveChart::DrawAlarmLines()
         if (state_.*line.flag && control_.LeftMaximum() >= level)
             control_.DrawLevel(line.style, level);
     }
+}
+
+void LiveChart::DrawGaps()
+{
+    if (readings_ == 0 || ViewOf(state_) == ChartView::None)
+        return;
+    std::pair<ChartTime, ChartTime> drawn;
+    for (const RunGap& gap : arrays_.Gaps) {
+        const std::pair<ChartTime, ChartTime> span = SpanOf(gap);
+        if (span == drawn || span.second < control_.BottomMinimum() || span.first > control_.BottomMaximum())
+            continue;
+        control_.DrawGap(span.first, span.second);
+        drawn = span;
+    }
+}
+
+/// By the times of the readings, which are the instrument's; those of the gap are the computer's and may
+/// differ from them by any amount, so only its length is taken from them.
+std::pair<ChartTime, ChartTime> LiveChart::SpanOf(const RunGap& gap) const
+{
+    const bool ended = gap.before <= readings_;
+    if (!LosesReadings(gap.kind)) {
+        const ChartTime at = TimeOf(ended ? gap.before : readings_);
+        return {at, at};
+    }
+    const ChartTime length = std::max(0.0, ToChartTime(gap.to) - ToChartTime(gap.from));
+    const ChartTime begin = gap.before > 1 ? TimeOf(ended ? gap.before - 1 : readings_) : TimeOf(1) - length;
+    return {begin, ended ? std::max(begin, TimeOf(gap.before)) : begin + length};
 }
 
 /// The width is the same for every span, on purpose: it leads back to where the run began.

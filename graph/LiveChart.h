@@ -5,6 +5,8 @@
 #include "graph/Curves.h"
 #include "measure/MeasurementArrays.h"
 
+#include <utility>
+
 namespace quorvane {
 
 /// The rules of the live chart: which points a reading adds, how the axes move, which alarm lines are drawn.
@@ -55,6 +57,9 @@ public:
     void AddBarPoint(std::int16_t series, ChartTime time, double value);
     void CheckAxisReset();
     void DrawAlarmLines();
+    /// Marks the gaps between readings: from the reading before to the one behind, and as long as it lasted
+    /// where there is no reading on one side. A clock that was set is a line, for nothing is missing there.
+    void DrawGaps();
     void ClampTimeAxis();
 
 private:
@@ -63,8 +68,10 @@ private:
     void ShowFlags();
     void ReplayReadings();
     void TurnZoomOff();
+    void BreakAtGap(int sample);
     void RaiseForLine(double value);
     void SetTimeAxis(ChartTime begin, ChartTime end);
+    [[nodiscard]] std::pair<ChartTime, ChartTime> SpanOf(const RunGap& gap) const;
     [[nodiscard]] ChartTime TimeOf(int sample) const;
 
     const ApplicationState& state_;

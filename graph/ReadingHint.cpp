@@ -1,6 +1,8 @@
 #include "graph/ReadingHint.h"
 
 #include "graph/Curves.h"
+#include "graph/LiveChart.h"
+#include "measure/Gaps.h"
 #include "measure/ReadingText.h"
 #include "resources/OwnTexts.h"
 
@@ -43,6 +45,21 @@ std::string ReadingHint(const MeasurementArrays& arrays, const GraphFlags& flags
         values += ReadingText(arrays, sample, curve.column, decimalSign);
     }
     return values.empty() ? values : ReadingText(arrays, sample, ReadingColumn::Time, decimalSign) + values;
+}
+
+std::string GapHint(const MeasurementArrays& arrays, int sample, ChartTime time, const Texts& texts,
+                    const LocaleItems& locale)
+{
+    std::string hint;
+    const auto add = [&](int behind) {
+        for (const RunGap& gap : GapsBefore(arrays, behind))
+            hint.append("\n").append(GapText(gap, texts, locale));
+    };
+    add(sample);
+    if (static_cast<std::size_t>(sample) < arrays.Moment.size() &&
+        time > ToChartTime(arrays.Moment[static_cast<std::size_t>(sample)]))
+        add(sample + 1);
+    return hint;
 }
 
 } // namespace quorvane

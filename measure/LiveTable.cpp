@@ -1,5 +1,7 @@
 #include "measure/LiveTable.h"
 
+#include "measure/LiveTableModel.h"
+
 #include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -8,6 +10,7 @@
 #include <QItemSelectionModel>
 #include <QMenu>
 #include <QPaintEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -16,6 +19,15 @@ namespace {
 
 constexpr int kRowsInSight = 6;
 constexpr int kNumberMargin = 6;
+constexpr int kSignRoom = 8; ///< for the sign of a gap, before the number
+constexpr int kGapLine = 3;  ///< thickness
+
+/// The line of a gap along the upper edge of `row`.
+void DrawGapLine(QPainter& painter, const QRect& row, const QPalette& palette)
+{
+    painter.setPen(QPen(palette.text(), kGapLine, Qt::DashLine, Qt::FlatCap));
+    painter.drawLine(row.left(), row.top() + kGapLine / 2, row.right(), row.top() + kGapLine / 2);
+}
 
 /// The numbers of the readings, always wide enough for the last one: the toolkit would measure the texts of
 /// two hundred of them at each new reading.
@@ -25,7 +37,7 @@ public:
 
     [[nodiscard]] QSize sizeHint() const override
     {
-        return {fontMetrics().horizontalAdvance(QStringLiteral("65500")) + 2 * kNumberMargin, 0};
+        return {fontMetrics().horizontalAdvance(QStringLiteral("65500")) + 2 * kNumberMargin + kSignRoom, 0};
     }
 
 protected:
@@ -36,6 +48,20 @@ protected:
         const QRect newest(0, length() - offset() - defaultSectionSize(), width(), defaultSectionSize());
         QPaintEvent withNewest(event->region().united(newest));
         QHeaderView::paintEvent(event->rect().top() > newest.top() ? &withNewest : event);
+    }
+    void paintSection(QPainter* painter, const QRect& rect, int row) const override
+    {
+        painter->save(); // the toolkit leaves its pen
+        QHeaderView::paintSection(painter, rect, row);
+        painter->restore();
+        if (!model()->headerData(row, Qt::Vertical, kBehindGapRole).toBool())
+            return;
+        painter->save();
+        DrawGapLine(*painter, rect, palette());
+        painter->setPen(QPen(palette().text(), 2));
+        for (const int x : {rect.left() + 3, rect.left() + 8}) // two strokes, as where an axis is broken
+            painter->drawLine(x + 3, rect.center().y() - 3, x, rect.center().y() + 5);
+        painter->restore();
     }
 };
 
@@ -105,6 +131,21 @@ void LiveTable::contextMenuEvent(QContextMenuEvent* event)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(copy_);
     menu->popup(event->globalPos());
+}
+
+void LiveTable::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    const int rows = model() == nullptr ? 0 : model()->rowCount();
+    const int first = rowAt(std::max(0, event->rect().top()));
+    if (rows == 0 || first < 0)
+        return;
+    QPainter painter(viewport());
+    const int right =
+        columnViewportPosition(model()->columnCount() - 1) + columnWidth(model()->columnCount() - 1);
+    for (int row = first; row < rows && rowViewportPosition(row) <= event->rect().bottom(); ++row)
+        if (model()->headerData(row, Qt::Vertical, kBehindGapRole).toBool())
+            DrawGapLine(painter, QRect(0, rowViewportPosition(row), right, rowHeight(row)), palette());
 }
 
 void LiveTable::updateGeometries()

@@ -6,7 +6,8 @@ class QAction;
 
 namespace quorvane {
 
-/// The live table's view. The rows copied with Ctrl+C are tab-separated, as spreadsheets take them.
+/// The live table's view. The rows copied with Ctrl+C are tab-separated, as spreadsheets take them. A row
+/// behind a gap has a thick dashed line above it and the sign of a broken line beside its number.
 class LiveTable final : public QTableView {
 public:
     explicit LiveTable(QWidget* parent = nullptr);
@@ -25,6 +26,7 @@ public:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void updateGeometries() override;
 
 private:

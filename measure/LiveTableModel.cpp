@@ -1,6 +1,7 @@
 #include "measure/LiveTableModel.h"
 
 #include "app/QtText.h"
+#include "measure/Gaps.h"
 #include "measure/ReadingText.h"
 
 #include <utility>
@@ -59,14 +60,30 @@ QVariant LiveTableModel::data(const QModelIndex& index, int role) const
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue(column == ReadingColumn::Time ? Qt::AlignCenter
                                                                  : Qt::AlignRight | Qt::AlignVCenter);
-    return {};
+    return GapsAbove(index.row(), role);
 }
 
 QVariant LiveTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (role != Qt::DisplayRole)
-        return {};
+        return orientation == Qt::Vertical ? GapsAbove(section, role) : QVariant();
     return orientation == Qt::Horizontal ? QVariant(headings_.value(section)) : QVariant(section + 1);
+}
+
+QVariant LiveTableModel::GapsAbove(int row, int role) const
+{
+    const bool tells = role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole;
+    if (row >= rows_ || (!tells && role != kBehindGapRole))
+        return {};
+    const auto gaps = GapsBefore(arrays_, row + 1);
+    if (gaps.empty())
+        return {};
+    if (!tells)
+        return true;
+    QStringList texts;
+    for (const RunGap& gap : gaps)
+        texts += gapText_ ? gapText_(gap) : QString();
+    return texts.join(u'\n');
 }
 
 } // namespace quorvane

@@ -324,8 +324,38 @@ enum OwnText : int {
     kPrintToFileHintText = 1502,
     kNoPrinterText = 1503,
 
-    // A device that went during a run.
-    kPortBackText = 1521, ///< %1: time of day
+    // The journal of a run on the command line, and what can be had from one.
+    kJournalFaultText = 1511, ///< %1: why
+    kJournalBehindText = 1512,
+    kJournalGoodText = 1513,
+    kLeftOverRunText = 1514, ///< %1: the journal
+    kNothingLeftText = 1515,
+    kNoJournalText = 1516,    ///< %1: the file
+    kNewerJournalText = 1517, ///< %1: the file
+    kRunFactsText = 1518,     ///< five %1: readings, start, newest reading, damaged records, gaps
+    kRunGivenUpText = 1519,   ///< %1: the journal
+
+    // The offer of readings that an earlier program has left.
+    kRecoveryTitleText = 1531,
+    kRecoveryText = 1532,
+    kRunStartText = 1533,
+    kGapsText = 1536,
+    kDamagedCountText = 1537,
+    kRestoreText = 1538,
+    kSaveRecoveredText = 1539,
+    kDiscardText = 1540,
+    kLaterText = 1541,
+    kDiscardQuestionText = 1542,
+
+    // Gaps between readings; the journal's warning.
+    kPortLostGapText = 1543,
+    kStandstillGapText = 1544,
+    kClockSetGapText = 1545,
+    kGapTimesText = 1546,   ///< %1: from; a second %1: to; a third %1: how long
+    kClockTimesText = 1547, ///< %1: what the clock showed before; a second %1: and after
+    kDiskFullWarningText = 1548,
+    kJournalWarningText = 1549,
+    kDiskSlowWarningText = 1550,
 };
 
 } // namespace quorvane

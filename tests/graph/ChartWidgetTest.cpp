@@ -273,6 +273,55 @@ TEST_F(ChartWidgetTest, OneHighReadingAmongManyIsSeen)
     EXPECT_LE(seen, 3);
 }
 
+TEST_F(ChartWidgetTest, AGapIsHatchedAndNoLineGoesAcrossIt)
+{
+    const QRgb blue = qRgb(0, 0, 255);
+    for (const int points : {100, 65500}) { // in the dense curve many share a column of pixels
+        chart.ClearPoints();
+        for (int i = 0; i < points; ++i) {
+            if (i == points / 2) {
+                chart.BreakLines();
+                chart.BreakLines(); // a reading came, and its time is not later
+                chart.AddPoint(kTwaSeries, kStart + 0.5 * kWidth, 7.3); // alone between two gaps
+                chart.BreakLines();
+            }
+            const double share = i < points / 2 ? 0.4 : 0.6;
+            chart.AddPoint(kTwaSeries, kStart + (share + 0.4 * i / points - 0.2) * kWidth, 3.3);
+        }
+        chart.OnRedrawBehind([this] {
+            chart.DrawGap(kStart + 0.4 * kWidth, kStart + 0.6 * kWidth);
+            chart.DrawGap(kStart + 0.9 * kWidth, kStart + 0.9 * kWidth);
+            chart.DrawGap(kStart - kWidth, kStart - 0.5 * kWidth); // out of sight
+        });
+        for (const QImage& image : {Screen(), Painted(chart.Frozen(chart.size()), chart.size())}) {
+            const auto isBlue = [&](QPoint at) { // a picture's lines round another way
+                return image.pixel(at) == blue || image.pixel(at - QPoint(0, 1)) == blue;
+            };
+            EXPECT_TRUE(isBlue(Place(0.39, 0.33)));
+            EXPECT_TRUE(isBlue(Place(0.61, 0.33)));
+            EXPECT_EQ(image.pixel(Place(0.5, 0.73)), blue);
+            int across = 0;
+            int hatched = 0;
+            for (int x = Place(0.41, 0).x(); x < Place(0.59, 0).x(); ++x) {
+                across += isBlue({x, Place(0, 0.33).y()}) ? 1 : 0;
+                hatched += image.pixel(x, Place(0, 0.93).y()) != kPanel ? 1 : 0;
+            }
+            EXPECT_EQ(across, 0);
+            EXPECT_GT(hatched, 10);
+            EXPECT_LT(hatched, 60);
+            int dashes = 0;
+            int outside = 0;
+            for (int y = Place(0, 0.98).y(); y < Place(0, 0.02).y(); ++y) {
+                dashes += image.pixel(Place(0.9, 0).x(), y) == qRgb(0, 0, 0) ? 1 : 0;
+                outside += image.pixel(Place(0, 0).x() - 9, y) == qRgb(0, 0, 0) ? 1 : 0;
+            }
+            EXPECT_GT(dashes, 100);
+            EXPECT_LT(dashes, 270);
+            EXPECT_LT(outside, 60) << "figures of the axis at most";
+        }
+    }
+}
+
 TEST_F(ChartWidgetTest, FrozenPictureHasTheNoticeButNotTheHintAndDoesNotChange)
 {
     const QPicture plain = chart.Frozen(chart.size());

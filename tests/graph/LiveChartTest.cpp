@@ -260,5 +260,60 @@ TEST(LiveChart, AlarmLinesReachUpToTheTopEdge)
     EXPECT_THAT(drawn(3), ElementsAre(twa, ceiling)) << "whichever the view";
 }
 
+TEST(LiveChart, GapsBreakTheCurvesAndAreMarkedLiveAndInARebuild)
+{
+    struct Row {
+        const char* what;
+        std::vector<RunGap> gaps; // among readings at 0, 10, 70 and 80 s
+        std::ptrdiff_t breaks;
+        std::vector<std::pair<int, int>> marks; // seconds
+    };
+    const auto at = ChartWorld::At;
+    const Row rows[] = {
+        {"none", {}, 0, {}},
+        {"port lost, by the readings' times", {{3, GapKind::PortLost, at(500), at(540)}}, 1, {{10, 70}}},
+        {"a clock that was set breaks nothing", {{3, GapKind::ClockSet, at(10), at(999)}}, 0, {{70, 70}}},
+        {"several in a row",
+         {{3, GapKind::PortLost, at(11), at(20)},
+          {3, GapKind::Standstill, at(30), at(60)},
+          {3, GapKind::ClockSet, at(60), at(61)},
+          {4, GapKind::Standstill, at(71), at(79)}},
+         2,
+         {{10, 70}, {70, 70}, {70, 80}}},
+        {"before the first reading", {{1, GapKind::Standstill, at(500), at(505)}}, 1, {{-5, 0}}},
+        {"no reading came behind it", {{5, GapKind::PortLost, at(500), at(505)}}, 0, {{80, 85}}},
+        {"nor behind the setting", {{5, GapKind::ClockSet, at(500), at(505)}}, 0, {{80, 80}}},
+        {"a clock set back in the gap", {{5, GapKind::Standstill, at(500), at(5)}}, 0, {{80, 80}}},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.what);
+        ChartWorld with;
+        with.Choose(kBothRelative);
+        with.chart.PrepareRun();
+        with.arrays.Gaps = row.gaps;
+        with.control.Redraw();
+        EXPECT_TRUE(with.control.gaps.empty()) << "no reading is shown yet";
+        for (const int seconds : {0, 10, 70, 80})
+            with.Measure(seconds, 8);
+        for (const bool rebuilt : {false, true}) {
+            if (rebuilt) {
+                with.control.calls.clear();
+                with.chart.ShowData();
+            }
+            EXPECT_EQ(std::ranges::count(with.control.calls, "break"), row.breaks);
+            with.control.limits = {ChartWorld::Days(-100), ChartWorld::Days(100), 10};
+            with.control.Redraw();
+            ASSERT_EQ(with.control.gaps.size(), row.marks.size());
+            for (std::size_t i = 0; i < row.marks.size(); ++i) {
+                EXPECT_NEAR(with.control.gaps[i].first, ChartWorld::Days(row.marks[i].first), 1e-9);
+                EXPECT_NEAR(with.control.gaps[i].second, ChartWorld::Days(row.marks[i].second), 1e-9);
+            }
+        }
+        with.control.limits = {ChartWorld::Days(200), ChartWorld::Days(300), 10}; // a zoom
+        with.control.Redraw();
+        EXPECT_TRUE(with.control.gaps.empty()) << "out of sight";
+    }
+}
+
 } // namespace
 } // namespace quorvane

@@ -36,6 +36,7 @@ public:
     int repaints = 0;
     std::vector<std::string> calls; ///< what changes the picture, in order
     std::vector<std::pair<LineStyle, double>> levels;
+    std::vector<std::pair<ChartTime, ChartTime>> gaps;
 
     /// The operator zooms.
     void Zoom(Limits to)
@@ -48,6 +49,8 @@ public:
     void Redraw()
     {
         levels.clear();
+        gaps.clear();
+        onRedrawBehind_();
         onRedraw_();
     }
 
@@ -64,6 +67,7 @@ public:
         points.push_back({series, time, value});
     }
     void ClearPoints() override { points.clear(); }
+    void BreakLines() override { calls.emplace_back("break"); }
     void SetInLegend(std::int16_t series, bool shown) override
     {
         inLegend.at(static_cast<std::size_t>(series)) = shown;
@@ -78,8 +82,10 @@ public:
     void SetMouseZoom(bool on) override { mouseZoom = on; }
     void UndoZoom() override { limits = given_; }
     void OnRedraw(std::function<void()> handler) override { onRedraw_ = std::move(handler); }
+    void OnRedrawBehind(std::function<void()> handler) override { onRedrawBehind_ = std::move(handler); }
     void OnUserZoom(std::function<void()> handler) override { onUserZoom_ = std::move(handler); }
     void DrawLevel(LineStyle style, double level) override { levels.emplace_back(style, level); }
+    void DrawGap(ChartTime begin, ChartTime end) override { gaps.emplace_back(begin, end); }
 
 private:
     void Set(double Limits::*limit, double value, const char* call)
@@ -94,6 +100,7 @@ private:
     Limits given_; ///< last outside a zoom
     bool inZoom_ = false;
     std::function<void()> onRedraw_;
+    std::function<void()> onRedrawBehind_;
     std::function<void()> onUserZoom_;
 };
 
