@@ -1,12 +1,16 @@
 #include "app/FrmMenu.h"
 
 #include "app/CommandRules.h"
+#include "app/FrmMenuCommand.h"
 #include "app/LanguageOffset.h"
 #include "app/MainCaptions.h"
+#include "app/ModalDialog.h"
 #include "app/ProgramFont.h"
 #include "app/ProgramIcon.h"
 #include "app/QtText.h"
 #include "app/ui_FrmMenu.h"
+#include "files/FileFaultText.h"
+#include "measure/Gaps.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 
@@ -57,6 +61,8 @@ FrmMenu::FrmMenu(ApplicationState& state, Parts parts)
           state, parts_.arrays, parts_.run, [this] { Save(); }, *this)
 {
     ui_->vaSpread1->setModel(table_);
+    table_->SetGapText(
+        [this](const RunGap& gap) { return Shown(GapText(gap, parts_.run.texts, parts_.locale)); });
     ui_->Command1->setIcon(ui_->MenuMeasureStart->icon());
     ui_->Command2->setIcon(ui_->MenuAlarmReset->icon());
     ui_->Command3->setIcon(ui_->MenuWholeRun->icon());
@@ -201,13 +207,79 @@ void FrmMenu::UpdateStatus()
     if (parts_.port.TakeChange() && portSetting_)
         portSetting_->DevicesChanged();
     ShowMode();
-    RunStatusText text = StatusText(state_, run_.State(), run_.Status(), parts_.run.texts, portThere);
-    if (!openedName_.isEmpty())
+    const RunStatus status = run_.Status();
+    RunStatusText text = StatusText(state_, run_.State(), status, parts_.run.texts, portThere);
+    if (!ofThisRun_)
         text.sample = FilledIn(parts_.run.texts[kReadingsText], std::to_string(state_.SampleCount));
     if (closeWanted_)
         text.state = parts_.run.texts[kClosingText];
-    status_.Show(text);
+    status_.Show(text, status.portLost && !closeWanted_);
+    ShowJournalHealth();
     readings_.SetStale(text.stale);
+}
+
+/// No box: it would stand before the window, and "Measure End" could not be pressed until it is answered. It
+/// stays behind the run as long as the readings are nowhere else.
+void FrmMenu::ShowJournalHealth()
+{
+    const bool needed = run_.State() != RunState::Idle || (state_.DataPresent == 1 && state_.DataSaved == 0);
+    if (run_.State() == RunState::Idle)
+        parts_.journal.Look(); // the run offers it what is left to write, and has ended
+    const JournalHealth health = needed ? parts_.journal.Health() : JournalHealth{};
+    if (health.Good()) {
+        status_.Warn({}, {});
+        return;
+    }
+    const bool full = health.fault && health.fault->kind == FileFaultKind::NoSpace;
+    const int id = full ? kDiskFullWarningText : health.fault ? kJournalWarningText : kDiskSlowWarningText;
+    const std::string reason = health.fault ? FaultReason(*health.fault, parts_.run.texts) : std::string();
+    status_.Warn(Shown(parts_.run.texts[id]), Shown(reason));
+}
+
+// ---- what an earlier program has left -------------------------------------------------------------------
+
+/// The first event that is served once the window is shown: no command of the operator can come before it,
+/// and none comes behind it.
+void FrmMenu::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!std::exchange(offered_, true))
+        QMetaObject::invokeMethod(
+            this, [this] { OfferLeftOverRuns(); }, Qt::QueuedConnection);
+}
+
+/// One run is brought back at most, for there is room for one: the others wait for the next start.
+void FrmMenu::OfferLeftOverRuns()
+{
+    if (Busy())
+        return;
+    const Command command(*this);
+    while (const std::optional<LeftOverRun> run = parts_.recovery.Next()) {
+        const FrmRecovery::Choice choice = AskAbout(*run);
+        if (choice == FrmRecovery::Choice::Discard) {
+            parts_.recovery.Discard();
+            continue;
+        }
+        if (choice == FrmRecovery::Choice::Later)
+            return parts_.recovery.Leave();
+        parts_.recovery.Restore();
+        ShowReadings({});
+        UpdateCommands();
+        if (choice == FrmRecovery::Choice::SaveAs)
+            Save();
+        return;
+    }
+}
+
+FrmRecovery::Choice FrmMenu::AskAbout(const LeftOverRun& run)
+{
+    offer_ = new FrmRecovery(run, parts_.run.texts, parts_.locale, this);
+    keeper_.Watch(*offer_);
+    if (!RunModally(offer_.data()))
+        return FrmRecovery::Choice::Later;
+    const FrmRecovery::Choice choice = offer_->Chosen();
+    delete offer_;
+    return choice;
 }
 
 // ---- what the run tells ---------------------------------------------------------------------------------
@@ -232,6 +304,7 @@ void FrmMenu::ReadingsCleared()
 {
     table_->Reset(0);
     openedName_.clear();
+    ofThisRun_ = true;
     ShowTitle();
 }
 
@@ -263,7 +336,7 @@ void FrmMenu::RunEnded(RunResult result)
         return;
     table_->Reset(state_.SampleCount); // a run that could not start takes nothing away
     ui_->vaSpread1->ShowNewest();
-    ShowReading(openedName_.isEmpty() ? state_.SampleCount : 0);
+    ShowReading(ofThisRun_ ? state_.SampleCount : 0);
     chart_.Rebuild();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/FrmRecovery.h"
 #include "app/PortWatch.h"
 #include "app/StatusLine.h"
 #include "app/WindowKeeper.h"
@@ -77,6 +78,7 @@ public:
     [[nodiscard]] MeasurementRun& Run() { return run_; }
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -91,6 +93,7 @@ private:
     void ShowMode();
     void UpdateCommands();
     void UpdateStatus();
+    void ShowJournalHealth();
     void ShowReading(int sample);
 
     [[nodiscard]] bool IsPressOfItsOwn();
@@ -100,6 +103,9 @@ private:
     void MenuOpen();
     void Open(const QString& path);
     void ShowOpened(const std::string& path);
+    void ShowReadings(const QString& file);
+    void OfferLeftOverRuns();
+    [[nodiscard]] FrmRecovery::Choice AskAbout(const LeftOverRun& run);
     void MenuSave();
     SaveResult Save();
     void MenuMeasureSetting();
@@ -140,8 +146,11 @@ private:
     QPointer<FrmRS232CSetting> portSetting_;                ///< while it is open
     std::unique_ptr<FrmQuorvaneSetting> instrumentSetting_; ///< the one that was opened last
     std::shared_ptr<Command> instrumentCommand_;            ///< while it is open; nobody else has it
+    QPointer<FrmRecovery> offer_;                           ///< while it is open
     QPointer<QWidget> focusBefore_;                         ///< it took the focus from all that is disabled
     QString openedName_;       ///< of the file that the readings come from; empty for a run's
+    bool ofThisRun_ = true;    ///< they were measured by this program, or there are none
+    bool offered_ = false;     ///< what an earlier program has left
     int commands_ = 0;         ///< being carried out, perhaps with a question on the screen
     bool closeWanted_ = false; ///< the window was to be closed meanwhile
     bool button1HadFocus_ = false;

@@ -1,4 +1,5 @@
 #include "app/FrmMenu.h"
+#include "app/FrmMenuCommand.h"
 #include "app/ModalDialog.h"
 #include "app/QtText.h"
 #include "app/ui_FrmMenu.h"
@@ -30,27 +31,6 @@ QString DraggedFile(const QMimeData& data)
 }
 
 } // namespace
-
-/// One command of the operator from beginning to end. A close that comes meanwhile, while a run goes on or a
-/// question is on the screen, is put off until the command is over.
-class FrmMenu::Command {
-public:
-    explicit Command(FrmMenu& window) : window_(window) { ++window_.commands_; }
-    ~Command()
-    {
-        if (--window_.commands_ > 0)
-            return;
-        if (std::exchange(window_.closeWanted_, false))
-            QMetaObject::invokeMethod(&window_, &QWidget::close, Qt::QueuedConnection);
-        window_.UpdateCommands();
-        window_.UpdateStatus();
-    }
-    Command(const Command&) = delete;
-    Command& operator=(const Command&) = delete;
-
-private:
-    FrmMenu& window_;
-};
 
 void FrmMenu::Connect()
 {
@@ -162,11 +142,20 @@ void FrmMenu::Open(const QString& path)
         parts_.openCommand.OpenPath(Typed(path), [this](const std::string& from) { ShowOpened(from); });
 }
 
-/// The lamps and the large figures tell of a measurement, and this is none.
+/// Readings of a run that are replaced by a file's were saved or given up: this is the moment from which on
+/// nobody wants their journal. Before it, the file could be refused or not chosen, and they would stay.
 void FrmMenu::ShowOpened(const std::string& path)
 {
+    parts_.journal.Settle();
+    ShowReadings(QFileInfo(Shown(path)).fileName());
+}
+
+/// The lamps and the large figures tell of a measurement, and this is none.
+void FrmMenu::ShowReadings(const QString& file)
+{
     run_.ClearLamps();
-    openedName_ = QFileInfo(Shown(path)).fileName();
+    openedName_ = file;
+    ofThisRun_ = false;
     ShowTitle();
     table_->SetDecimalSign(parts_.locale.DecimalSign());
     table_->Reset(state_.SampleCount);
@@ -348,6 +337,7 @@ void FrmMenu::closeEvent(QCloseEvent* event)
     event->setAccepted(mayClose);
     if (!mayClose)
         return;
+    parts_.journal.Settle(); // what is not saved by now is not wanted
     parts_.settings.SaveSettings();
     layout_->Keep(chart_.Span());
     parts_.closed();
@@ -360,12 +350,18 @@ void FrmMenu::PutCloseOff()
     UpdateStatus();
     if (instrumentCommand_)
         instrumentSetting_->reject(); // ends its exchange; nothing there is lost
+    if (offer_)
+        offer_->reject(); // what it offers stays for the next start
     if (run_.State() == RunState::Starting || run_.State() == RunState::Measuring)
         run_.Stop(); // not in its stop exchange: that would give it up
 }
 
 bool FrmMenu::RefusesEndOfSystem()
 {
+    if (offer_) {
+        offer_->reject();
+        return false;
+    }
     if (Busy())
         return true;
     if (!isWindowModified())
@@ -375,7 +371,10 @@ bool FrmMenu::RefusesEndOfSystem()
 }
 
 /// The question about unsaved readings, before the window closes, a file is opened, or the graph settings
-/// come up; a run asks by itself. @return false when they are to be saved and are not
+/// come up; a run asks by itself. @return false when they are to be saved and are not.
+///
+/// "No" alone does not settle their journal: after the graph settings, a file that is not chosen or a run
+/// that cannot start they are still there. Whoever takes them away settles it in that moment.
 bool FrmMenu::SettleUnsavedData()
 {
     if (state_.DataPresent != 1 || state_.DataSaved != 0)

@@ -2,22 +2,50 @@
 
 #include "app/QtText.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QPainter>
 #include <QStatusBar>
 #include <algorithm>
+#include <utility>
 
 namespace quorvane {
 namespace {
 
 constexpr int kPortCharacters = 32; // "COM15 (not connected)" and some room
-constexpr int kLeastCharacters = 12;
+constexpr int kLeastCharacters = 11;
+
+const QColor kLoudPaper(0xff, 0xd4, 0x00); // that of the notice of simulated readings
+
+} // namespace
 
 /// Shows as much of its text as fits: a long path, whatever the settings file says, or many fields at once
 /// must not widen the window.
-class ElidedLabel final : public QLabel {
+class StatusField final : public QLabel {
 public:
-    using QLabel::QLabel;
+    StatusField(QStatusBar& bar, const char* name) : QLabel(&bar)
+    {
+        setObjectName(QLatin1String(name));
+        setTextFormat(Qt::PlainText);
+        setContentsMargins(6, 0, 6, 0);
+    }
+    void SetField(const std::string& content)
+    {
+        const QString shown = Shown(content);
+        setText(shown);
+        setToolTip(shown.toHtmlEscaped()); // where there is no room for all of it
+        setVisible(!content.empty());
+    }
+    /// In bold on yellow, whatever the desktop's colours.
+    void SetLoud(bool loud)
+    {
+        if (loud == std::exchange(loud_, loud))
+            return;
+        QFont bold;
+        bold.setBold(loud);
+        setFont(loud ? bold : QFont());
+        update();
+    }
     [[nodiscard]] QSize minimumSizeHint() const override
     {
         const QSize whole = QLabel::minimumSizeHint();
@@ -27,44 +55,37 @@ public:
 protected:
     void paintEvent(QPaintEvent* /*event*/) override
     {
+        QPainter painter(this);
+        if (loud_) {
+            painter.fillRect(rect(), kLoudPaper);
+            painter.setPen(Qt::black);
+        }
         const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
-        QPainter(this).drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
+        painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
     }
+
+private:
+    bool loud_ = false;
 };
 
-QLabel* NewField(QStatusBar& bar, const char* name)
-{
-    auto* label = new ElidedLabel(&bar);
-    label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setContentsMargins(6, 0, 6, 0);
-    return label;
-}
-
-void SetField(QLabel& label, const std::string& text)
-{
-    const QString shown = Shown(text);
-    label.setText(shown);
-    label.setToolTip(shown.toHtmlEscaped()); // where there is no room for all of it
-    label.setVisible(!text.empty());
-}
-
-} // namespace
-
 StatusLine::StatusLine(QStatusBar& bar)
-    : state_(NewField(bar, "StatusState")),
-      announcement_(NewField(bar, "StatusAnnouncement")),
-      sample_(NewField(bar, "StatusSample")),
-      timeLeft_(NewField(bar, "StatusTimeLeft")),
-      age_(NewField(bar, "StatusAge")),
-      behind_(NewField(bar, "StatusBehind")),
-      mode_(NewField(bar, "StatusMode")),
-      port_(NewField(bar, "StatusPort"))
+    : state_(new StatusField(bar, "StatusState")),
+      warning_(new StatusField(bar, "StatusWarning")),
+      announcement_(new StatusField(bar, "StatusAnnouncement")),
+      sample_(new StatusField(bar, "StatusSample")),
+      timeLeft_(new StatusField(bar, "StatusTimeLeft")),
+      age_(new StatusField(bar, "StatusAge")),
+      behind_(new StatusField(bar, "StatusBehind")),
+      mode_(new StatusField(bar, "StatusMode")),
+      port_(new StatusField(bar, "StatusPort"))
 {
     bar.addWidget(state_);
+    bar.addWidget(warning_);
+    warning_->SetLoud(true);
+    warning_->hide();
     announcement_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // what room is left
     bar.addWidget(announcement_, 1);
-    for (QLabel* field : {sample_, timeLeft_, age_, behind_, mode_, port_})
+    for (StatusField* field : {sample_, timeLeft_, age_, behind_, mode_, port_})
         bar.addPermanentWidget(field);
 }
 
@@ -73,16 +94,29 @@ void StatusLine::MakeRoom()
     port_->setMaximumWidth(port_->fontMetrics().averageCharWidth() * kPortCharacters);
 }
 
-void StatusLine::Show(const RunStatusText& text)
+void StatusLine::Show(const RunStatusText& text, bool alarming)
 {
-    SetField(*state_, text.state);
-    SetField(*sample_, text.sample);
-    SetField(*timeLeft_, text.timeLeft);
-    SetField(*age_, text.age);
+    state_->SetLoud(alarming);
+    state_->SetField(text.state);
+    sample_->SetField(text.sample);
+    timeLeft_->SetField(text.timeLeft);
+    age_->SetField(text.age);
     age_->setEnabled(!text.stale || text.noData); // an old age is greyed; that there is no data is not
-    SetField(*behind_, text.behind);
-    SetField(*mode_, text.mode);
-    SetField(*port_, text.port);
+    behind_->SetField(text.behind);
+    mode_->SetField(text.mode);
+    port_->SetField(text.port);
+}
+
+void StatusLine::Warn(const QString& text, const QString& reason)
+{
+    const bool isNew = !text.isEmpty() && text != warning_->text();
+    warning_->setText(text);
+    warning_->setToolTip((reason.isEmpty() ? text : text + u'\n' + reason).toHtmlEscaped());
+    warning_->setVisible(!text.isEmpty());
+    if (!isNew)
+        return;
+    QAccessibleEvent alert(warning_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
 }
 
 void StatusLine::Announce(const QString& text)

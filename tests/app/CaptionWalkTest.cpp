@@ -1,5 +1,6 @@
 #include "tests/support/CaptionWalk.h"
 
+#include "app/FrmRecovery.h"
 #include "app/MessageBox.h"
 #include "app/OpenDialog.h"
 #include "app/ProgramFont.h"
@@ -84,9 +85,10 @@ void ShowRun(Desk& desk, const Look& look)
     desk.Click("Command1");
     EXPECT_TRUE(seen);
     const std::pair<const char*, int> longest[] = {
-        {"StatusState", kPortLostText},     {"StatusSample", kSampleText},
-        {"StatusTimeLeft", kTimeLeftText},  {"StatusAge", kNoDataText},
-        {"StatusBehind", kLinesBehindText}, {"StatusPort", kPortNotConnectedText}};
+        {"StatusState", kPortLostText},         {"StatusSample", kSampleText},
+        {"StatusTimeLeft", kTimeLeftText},      {"StatusAge", kNoDataText},
+        {"StatusBehind", kLinesBehindText},     {"StatusPort", kPortNotConnectedText},
+        {"StatusWarning", kDiskFullWarningText}};
     for (const auto& [field, id] : longest) {
         auto* const label = desk.Find<QLabel>(field);
         label->setText(Shown(FilledIn(FilledIn(desk.texts[id], "65500"), "65500")));
@@ -163,6 +165,15 @@ const Row kRows[] = {
          ShowMain(desk, look);
      }},
     {"main window, measuring", kStatusValues, {{"StatusSample text", "Sample 2 of 9999"}}, ShowRun},
+    {"readings of an earlier program",
+     {u"Value2"_qs, u"Value3"_qs, u"Value4"_qs, u"Value5"_qs, u"Value6"_qs},
+     {{"FrmRecovery title", "Unsaved readings"}, {"Command1 text", "Restore"}},
+     [](Desk& d, const Look& look) {
+         LeftOverRun run;
+         run.damaged = 1;
+         run.simulated = true;
+         Show(look, FrmRecovery(run, d.texts, d.locale, nullptr));
+     }},
     {"measure settings",
      {},
      {{"FrmMeasureSetting title", "Measure setting"},

@@ -137,10 +137,10 @@ TEST_F(GuideTest, EveryDialogHasAChapterOfItsNameInEveryLanguage)
         for (const GuideChapter& chapter : View().Chapters())
             chapters += chapter.title;
         std::vector<std::string> titles = {FilledIn(texts[kAboutTitleText], texts[kProgramNameText])};
-        for (const int id :
-             {int{kPortSettingText}, int{kInstrumentSettingText}, int{kFolderSetupText},
-              int{kLanguageSelectText}, int{kMeasureSettingText}, int{kGraphSettingText},
-              int{kOptionTitleText}, int{kSaveAsText}, int{kOpenTitleText}, int{kPrintTitleText}})
+        for (const int id : {int{kPortSettingText}, int{kInstrumentSettingText}, int{kFolderSetupText},
+                             int{kLanguageSelectText}, int{kMeasureSettingText}, int{kGraphSettingText},
+                             int{kOptionTitleText}, int{kRecoveryTitleText}, int{kSaveAsText},
+                             int{kOpenTitleText}, int{kPrintTitleText}})
             titles.push_back(texts[id]);
         for (const std::string& title : titles)
             EXPECT_TRUE(chapters.contains(Shown(title), Qt::CaseInsensitive)) << title;

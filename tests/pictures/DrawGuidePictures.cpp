@@ -1,6 +1,7 @@
 // Draws the pictures of the operator's guides anew: the program's own windows, with readings made for the
 // purpose, in both languages. No test; scripts/guide-pictures runs it.
 
+#include "app/FrmRecovery.h"
 #include "app/ToolkitLanguage.h"
 #include "graph/ChartWidget.h"
 #include "options/FrmLanguageSelect.h"
@@ -128,6 +129,18 @@ TEST_P(GuidePictures, OfTheMainWindow)
     prompts.openNames = {"workshop.csv"};
     Trigger("MenuOpen");
     Save(*window, "opened");
+}
+
+TEST_P(GuidePictures, OfTheOfferOfUnsavedReadings)
+{
+    LeftOverRun run;
+    run.start = std::chrono::local_days(std::chrono::year(2024) / 5 / 1) + std::chrono::hours(9);
+    run.last = run.start + std::chrono::minutes(414);
+    run.readings = 4968;
+    run.gaps = 1;
+    FrmRecovery offer(run, texts, locale, nullptr);
+    offer.show();
+    Save(offer, "recovery");
 }
 
 TEST_P(GuidePictures, OfSimulatedMode)

@@ -43,6 +43,13 @@ struct WindowWorld : InstrumentWorld {
     /// Writes the present state as the settings file, and opens the window, which reads it.
     void Open()
     {
+        Show();
+        window->activateWindow();
+        static_cast<void>(QTest::qWaitForWindowActive(window.get()));
+    }
+    /// The same for a window that another one stands before at once.
+    void Show()
+    {
         settings.SaveSettings();
         RunServices run = Services([] { return 0.5; });
         run.journal = &journal;
@@ -68,8 +75,6 @@ struct WindowWorld : InstrumentWorld {
                                                                  .closed = [this] { ++closed; }});
         window->Load();
         window->show();
-        window->activateWindow();
-        static_cast<void>(QTest::qWaitForWindowActive(window.get()));
     }
 
     template <typename Control>
