@@ -29,13 +29,13 @@ protected:
 
 TEST_F(JournalFileTest, OneAtHandIsNobodyElses)
 {
-    const std::string path = Path("Run 測定.journal");
+    const std::string path = Path("Run 1.journal");
     journals_.Begin(path);
     EXPECT_TRUE(journals_.Put("1\n"));
     std::string bytes = "of before";
-    while (Get("Run 測定.journal").empty())
+    while (Get("Run 1.journal").empty())
         std::this_thread::yield();
-    EXPECT_EQ(Get("Run 測定.journal"), "1\n") << "people may read it";
+    EXPECT_EQ(Get("Run 1.journal"), "1\n") << "people may read it";
     EXPECT_THAT(others_.LeftOver(In("")), ElementsAre());
     EXPECT_EQ(others_.Claim(path, bytes).value().kind, FileFaultKind::InUse);
     EXPECT_EQ(bytes, "");
