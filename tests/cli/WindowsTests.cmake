@@ -29,7 +29,7 @@ foreach(port IN LISTS windows_ports)
     "GTEST_SHARD_INDEX=${index}"
   )
   add_test(NAME windows_cli.COM${port}
-    COMMAND "${QUORVANE_HOST_TESTS}/tests_cli" "--gtest_filter=Measure.*:Setting.*:OnTheLine/*-${left_out}")
+    COMMAND "${QUORVANE_HOST_TESTS}/tests_cli" "--gtest_filter=Measure.*:MeasurePlug.*:Setting.*:OnTheLine/*-${left_out}")
   set_tests_properties(windows_cli.COM${port} PROPERTIES
     TIMEOUT 300
     FAIL_REGULAR_EXPRESSION "Running 0 tests"

@@ -34,6 +34,7 @@ TEST(InstrumentOptions, RefusesWhatMakesNoSense)
         {"--speed", "-1"},
         {"--factor", "1.35"},
         {"--fault", "loud"},
+        {"--fault", "unplug:5"}, // a device that comes back needs a --link
         {"--at-end", "stop"},
         {"--factor", "10"},
         {"morning.csv"},
