@@ -60,7 +60,8 @@ protected:
             painter.fillRect(rect(), kLoudPaper);
             painter.setPen(Qt::black);
         }
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+        const QString shown = fontMetrics().elidedText(text(), loud_ ? Qt::ElideRight : Qt::ElideMiddle,
+                                                       contentsRect().width());
         painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, shown);
     }
 
@@ -80,9 +81,11 @@ StatusLine::StatusLine(QStatusBar& bar)
       port_(new StatusField(bar, "StatusPort"))
 {
     bar.addWidget(state_);
-    bar.addWidget(warning_);
+    // What room is left, or the fields that change with every reading could not be read any more.
+    warning_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     warning_->SetLoud(true);
     warning_->hide();
+    bar.addWidget(warning_, 1);
     announcement_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // what room is left
     bar.addWidget(announcement_, 1);
     for (StatusField* field : {sample_, timeLeft_, age_, behind_, mode_, port_})
@@ -112,7 +115,10 @@ void StatusLine::Warn(const QString& text, const QString& reason)
     const bool isNew = !text.isEmpty() && text != warning_->text();
     warning_->setText(text);
     warning_->setToolTip((reason.isEmpty() ? text : text + u'\n' + reason).toHtmlEscaped());
+    warning_->setMinimumWidth(warning_->minimumSizeHint().width());
+    warning_->setMaximumWidth(warning_->sizeHint().width());
     warning_->setVisible(!text.isEmpty());
+    announcement_->setVisible(text.isEmpty());
     if (!isNew)
         return;
     QAccessibleEvent alert(warning_, QAccessible::Alert);

@@ -507,8 +507,56 @@ constexpr Entry kEntries[] = {
     {kNoPrinterText, "No printer is installed. A PDF file can be written.",
      "プリンターがありません。PDF に出力できます。"},
 
-    {kPortBackText, "Port back at %1; the measurement goes on",
-     "%1 にポートが再接続されました。測定を続けます。"},
+    {kJournalFaultText,
+     "The readings cannot be written to the run's journal: %1. The measurement goes on, but if the program "
+     "ended unexpectedly now, they would be lost.",
+     "測定データを測定記録に書き込めません: %1。測定は継続しますが、"
+     "いまプログラムが異常終了すると、測定データは失われます。"},
+    {kJournalBehindText,
+     "The disk is slow: readings wait for being written to the run's journal. The measurement goes on.",
+     "ディスクの動作が遅く、測定記録への書き込みが遅れています。測定は継続します。"},
+    {kJournalGoodText, "The run's journal is complete again.", "測定記録への書き込みが追いつきました。"},
+    {kLeftOverRunText,
+     "The readings of an earlier run were not saved. They are in %1; \"quorvane-cli recover --output FILE\" "
+     "saves them.",
+     "以前の測定データが保存されていません。%1 に残っています。"
+     "「quorvane-cli recover --output ファイル名」で保存できます。"},
+    {kNothingLeftText, "No run is left to recover.", "復元できる測定データはありません。"},
+    {kNoJournalText, "%1 is not a run's journal, or its beginning is damaged.",
+     "%1 は測定記録ではないか、先頭部分が破損しています。"},
+    {kNewerJournalText, "%1 was written by a newer version of this program, which can recover it.",
+     "%1 は新しいバージョンのプログラムで作成されています。そのバージョンで復元してください。"},
+    {kRunFactsText, "readings: %1, from %1 to %1, damaged records left out: %1, gaps: %1",
+     "測定データ: %1 件、%1 から %1 まで、破損により除いた記録: %1、中断: %1"},
+    {kRunGivenUpText, "Given up: %1", "破棄しました: %1"},
+
+    {kRecoveryTitleText, "Unsaved readings", "保存されていない測定データ"},
+    {kRecoveryText, "The program ended before these readings were saved.",
+     "プログラムが終了したため、次の測定データが保存されていません。"},
+    {kRunStartText, "Start of the run", "測定開始"},
+    {kGapsText, "Gaps", "中断"},
+    {kDamagedCountText, "Damaged, left out", "破損（除外）"},
+    {kRestoreText, "&Restore", "復元(&R)"},
+    {kSaveRecoveredText, "&Save as...", "名前を付けて保存(&S)..."},
+    {kDiscardText, "&Discard...", "破棄(&D)..."},
+    {kLaterText, "&Later", "後で(&L)"},
+    {kDiscardQuestionText, "These readings are in no file. Do you really want to discard them?",
+     "この測定データはファイルに保存されていません。本当に破棄しますか？"},
+
+    {kPortLostGapText, "Gap: the port was lost, readings are missing",
+     "中断: ポートの接続が切れ、測定値が抜けています"},
+    {kStandstillGapText, "Gap: the computer stood still, readings may be missing",
+     "中断: コンピューターが停止し、測定値が抜けている可能性があります"},
+    {kClockSetGapText, "The computer's clock was set; no reading is missing",
+     "コンピューターの時計が変更されました（測定値の抜けはありません）"},
+    {kGapTimesText, "%1 - %1 (%1)", "%1 ～ %1（%1）"},
+    {kClockTimesText, "%1 -> %1", "%1 → %1"},
+    {kDiskFullWarningText, "The disk is full, the journal cannot be written: save as soon as the run is over",
+     "空き容量がなく、測定記録を書き込めません。測定が終わったらすぐに保存してください"},
+    {kJournalWarningText, "The journal cannot be written: save as soon as the run is over",
+     "測定記録を書き込めません。測定が終わったらすぐに保存してください"},
+    {kDiskSlowWarningText, "The disk is slow: the journal is behind the readings",
+     "ディスクが遅く、測定記録の書き込みが遅れています"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==
