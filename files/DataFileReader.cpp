@@ -14,7 +14,7 @@
 namespace quorvane {
 namespace {
 
-constexpr std::size_t kLongestNumber = 40;  // ours have 22 characters at most
+constexpr std::size_t kLongestNumber = 320; // ours never have an exponent: 309 digits, decimal sign, decimals
 constexpr std::size_t kLongestText = 10240; // of a date or a time, noise included
 constexpr std::int32_t kHeadingLines = 5;
 constexpr double kRoundedAway = 0.0015; // of the difference of two values with three decimals

@@ -30,3 +30,4 @@ desktop_check_packages=(xvfb xdotool imagemagick fonts-noto-cjk)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest wine64 wine)
 test_packages=("${build_packages[@]}" git clang-format-14 clang-tidy-14 libgtest-dev libgmock-dev libbenchmark-dev
     "${windows_packages[@]}" "${desktop_check_packages[@]}")
+fuzz_packages=(clang-14 libclang-rt-14-dev)
