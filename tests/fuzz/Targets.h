@@ -13,6 +13,7 @@ void TrySettings(std::string_view input);  ///< "Quorvane.ini"
 void TryDataFile(std::string_view input);  ///< a data file
 void TryProfile(std::string_view input);   ///< a private-profile file
 void TryDateTimes(std::string_view input); ///< regional settings, and dates and times by them
+void TryJournal(std::string_view input);   ///< the journal of a run
 
 struct Target {
     std::string_view name; ///< of its folder of inputs, too
@@ -21,6 +22,7 @@ struct Target {
 inline constexpr Target kTargets[] = {
     {"reply-line", TryReplyLine}, {"lines", TryLines},     {"settings", TrySettings},
     {"data-file", TryDataFile},   {"profile", TryProfile}, {"date-times", TryDateTimes},
+    {"journal", TryJournal},
 };
 
 } // namespace quorvane
