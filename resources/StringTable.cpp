@@ -506,7 +506,6 @@ constexpr Entry kEntries[] = {
     {kPrintToFileHintText, "The name of the file is asked for next.", "続いてファイル名を指定します。"},
     {kNoPrinterText, "No printer is installed. A PDF file can be written.",
      "プリンターがありません。PDF に出力できます。"},
-
     {kJournalFaultText,
      "The readings cannot be written to the run's journal: %1. The measurement goes on, but if the program "
      "ended unexpectedly now, they would be lost.",
@@ -557,6 +556,22 @@ constexpr Entry kEntries[] = {
      "測定記録を書き込めません。測定が終わったらすぐに保存してください"},
     {kDiskSlowWarningText, "The disk is slow: the journal is behind the readings",
      "ディスクが遅く、測定記録の書き込みが遅れています"},
+    {kStartAnywayText, "Start anyway?", "このまま測定を開始しますか？"},
+    {kJournalUnwritableText,
+     "Nothing can be written to the program's folder, so no journal of the measurement is kept: if the "
+     "computer or "
+     "the program fails, readings that are not saved are lost.\r\n%1",
+     "プログラムのフォルダーに書き込めないため、測定の記録（ジャーナル）を残せません。コンピューターや"
+     "プログラムが途中で停止すると、保存前の測定値は失われます。\r\n%1"},
+    {kDataFolderUnwritableText,
+     "Nothing can be written to the folder for data files, or it is not there. Another one can be chosen "
+     "when the "
+     "measurement is saved.\r\n%1",
+     "データ保存先のフォルダーに書き込めないか、フォルダーがありません。保存するときに別のフォルダーを"
+     "選択できます。\r\n%1"},
+    {kLittleSpaceText, "Only %1 MB are free on the disk of this folder.\r\n%1",
+     "このフォルダーのディスクの空き容量は %1 MB しかありません。\r\n%1"},
+
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -121,6 +121,22 @@ TEST_F(SettingsFileTest, UnreadableFilesGiveTheDefaults)
     EXPECT_EQ(state.RsPort, "COM1");
 }
 
+TEST_F(SettingsFileTest, AFileCutAnywhereKeepsEveryLineThatIsWhole)
+{
+    const std::string whole = GoldenBytes("settings-2.0.2.ini");
+    for (std::size_t cut = 0; cut < whole.size(); ++cut) {
+        state = {};
+        state.AppPath = "/opt/quorvane";
+        Load(whole.substr(0, cut));
+        EXPECT_TRUE(std::string_view("COM12").starts_with(state.RsPort)) << cut; // or the default, COM1
+        const std::size_t wholeLines = cut == 0 ? 0 : whole.rfind('\n', cut - 1) + 1;
+        if (wholeLines <= whole.find('\n') + 1)
+            continue; // the defaults, or a state without settings
+        file.SaveSettings();
+        EXPECT_EQ(store.files[path].substr(0, wholeLines), whole.substr(0, wholeLines)) << cut;
+    }
+}
+
 TEST_F(SettingsFileTest, NumbersBeyondTheirFieldGiveTheDefaultsButForTheSeconds)
 {
     for (const std::string line :

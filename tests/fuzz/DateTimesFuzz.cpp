@@ -74,10 +74,10 @@ void HoldTexts(const FixedLocale& locale, const std::string& text, LocalMoment n
     const std::string asked = RequestDate(text, description, locale, now);
     Hold(asked.empty() || HasForm(asked, "0000/00/00"), "a start date has the field's ten characters");
     static_cast<void>(CheckStartDate(text, description, locale, now));
-    // Digits of a system's words, or of a date, cannot be told from those of the hour.
+    // Where nothing stands between hour and minutes, or digits stand in the system's words, the afternoon's
+    // 12 hours may be added to something else. No system writes its times like that.
     const std::string time = NormalisedTime(description, locale, texts, now);
-    if ((locale.timeFormat + locale.afternoonSign).find_first_of("0123456789yMd") == std::string::npos)
-        Hold(HasForm(time, "00:00:00"), "a time has the instrument's form");
+    Hold(HasForm(time, "00:00:00") || HasForm(time, "000:00:00"), "a time has the instrument's form");
 
     // The year 2000 with two digits is "00", which leaves a date open.
     const bool yearIsOpen =

@@ -140,6 +140,43 @@ TEST(MeasurementRunFaults, TakesALineInPiecesAtEveryByteWithAnyShortPause)
     }
 }
 
+/// Whatever the damage makes of its line, it is the only one, or the one that it has run into.
+TEST(MeasurementRunFaults, ALostDoubledOrFlippedByteCostsNoOtherLine)
+{
+    const std::string line = RunWorld::Line(2);
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        const auto place = static_cast<std::string::difference_type>(at);
+        std::string lost = line;
+        std::string doubled = line;
+        std::string flipped = line;
+        lost.erase(at, 1);
+        doubled.insert(doubled.begin() + place, line[at]);
+        flipped[at] = static_cast<char>(flipped[at] ^ 0x10);
+        for (const std::string& damaged : {lost, doubled, flipped}) {
+            SCOPED_TRACE(damaged);
+            RunWorld with;
+            with.state.TotalSamples = 5;
+            with.lines = {RunWorld::Line(1), damaged, RunWorld::Line(3), RunWorld::Line(4),
+                          RunWorld::Line(5)};
+            with.world.After(30s, [&] { with.run.Stop(); }); // where two lines have become one
+            const RunResult result = with.run.Start();
+            const auto taken = static_cast<std::size_t>(with.state.SampleCount);
+            // A line end that is broken pauses the line for a second in the middle of a reading, which ends a
+            // run.
+            const bool endBroken = at + 2 >= line.size() && damaged != doubled;
+            if (endBroken && result == RunResult::ReadFailed) {
+                EXPECT_EQ(taken, 1U);
+                continue;
+            }
+            ASSERT_EQ(taken, 5U);
+            EXPECT_EQ(with.arrays.ReplyLine[1], RunWorld::Line(1));
+            EXPECT_EQ(with.arrays.ReplyLine[4], RunWorld::Line(4));
+            EXPECT_EQ(with.arrays.ReplyLine[5], RunWorld::Line(5));
+            EXPECT_TRUE(with.arrays.ReplyLine[3].ends_with(RunWorld::Line(3)));
+        }
+    }
+}
+
 TEST(MeasurementRunFaults, TakesWhatEndsLikeALineWhateverStandsInIt)
 {
     RunWorld with;
