@@ -38,6 +38,7 @@ TEST(ClockWatch, MarksWhatTheClocksTellInFrontOfTheNextReading)
     for (const ClockRow& row : rows) {
         SCOPED_TRACE(row.what);
         RunWorld world;
+        const LocalMoment start = world.world.Now();
         world.state.TotalSamples = 5;
         world.GiveLines(5);
         world.listener.onSample = [&](int sample) {
@@ -48,6 +49,9 @@ TEST(ClockWatch, MarksWhatTheClocksTellInFrontOfTheNextReading)
         const std::vector<RunGap>& gaps = world.arrays.Gaps;
         ASSERT_EQ(gaps.size(), row.kinds.size());
         EXPECT_EQ(world.state.SampleCount, 5) << "a gap is no reading";
+        for (int i = 1; i <= 5; ++i)
+            EXPECT_EQ(world.arrays.Moment.at(static_cast<std::size_t>(i)), start + std::chrono::seconds(i))
+                << "the instrument's time";
         if (gaps.empty())
             continue;
         EXPECT_EQ(gaps[0].kind, row.kinds[0]);

@@ -27,37 +27,42 @@ void ExpectTidy(RunWorld& with)
 
 TEST(MeasurementRunFaults, WaitsForDataWithoutEnd)
 {
-    RunWorld with;
-    with.lines = {RunWorld::Line(1)};
-    with.world.After(10s, [&] { // the wait for reading 2 began a good 5 s ago
-        EXPECT_EQ(with.timer1.Interval(), 1000ms);
-        EXPECT_EQ(with.state.WaitSeconds, 5);
-    });
-    int waitedSeconds = 0;
-    bool timer1On = true;
-    with.world.After(9h, [&] {
-        waitedSeconds = with.state.WaitSeconds;
-        timer1On = with.timer1.Enabled();
-        EXPECT_GT(with.world.SteadyNow() - *with.run.Status().silentSince, 8h);
-        with.port.Arrive(RunWorld::Line(2));
-    });
-    with.world.After(9h + 5s, [&] {
-        EXPECT_TRUE(with.timer1.Enabled()) << "the next wait counts from 0";
-        EXPECT_LT(with.state.WaitSeconds, 6);
-        with.port.Arrive(RunWorld::Line(3));
-    });
-    long pumps = 0;
-    with.world.After(1h, [&] { pumps = with.world.Pumps(); });
-    with.world.After(2h, [&] {
-        EXPECT_LE(with.world.Pumps() - pumps, 2 * 180'000) << "a look each 20 ms at most, in run and wait";
-    });
-    EXPECT_EQ(with.run.Start(), RunResult::Completed);
-    EXPECT_EQ(waitedSeconds, 21) << "the count ends once it exceeds 20";
-    EXPECT_FALSE(timer1On);
-    EXPECT_EQ(with.run.Status().taken, 3);
-    EXPECT_TRUE(with.prompts.messages.empty());
-    EXPECT_EQ(with.LoggedErrors(), "");
-    ExpectTidy(with);
+    struct Row {
+        std::chrono::seconds silence;
+        int counted;
+    };
+    // The wait begins 0.9 s behind a reading, and the count ends once it exceeds 20.
+    for (const Row& row : {Row{5s, 4}, Row{19s, 18}, Row{20s, 19}, Row{21s, 20}, Row{22s, 21}, Row{1h, 21}}) {
+        SCOPED_TRACE(row.silence.count());
+        RunWorld with;
+        with.lines = {RunWorld::Line(1)};
+        with.listener.onSample = [&](int sample) {
+            const long pumps = with.world.Pumps();
+            if (sample == 1)
+                with.world.After(row.silence, [&with, &row, pumps] {
+                    EXPECT_EQ(with.timer1.Interval(), 1000ms);
+                    EXPECT_EQ(with.state.WaitSeconds, row.counted);
+                    EXPECT_EQ(with.timer1.Enabled(), row.counted <= 20);
+                    EXPECT_GT(with.world.SteadyNow() - with.run.Status().silentSince.value(),
+                              row.silence - 1s);
+                    EXPECT_LE(with.world.Pumps() - pumps, 2 * (row.silence / 20ms))
+                        << "a look each 20 ms at most, in run and wait";
+                    with.port.Arrive(RunWorld::Line(2));
+                });
+            if (sample == 2)
+                with.world.After(5s, [&with] {
+                    EXPECT_TRUE(with.timer1.Enabled()) << "the next wait counts from 0";
+                    EXPECT_EQ(with.state.WaitSeconds, 4);
+                    with.port.Arrive(RunWorld::Line(3));
+                });
+        };
+        EXPECT_EQ(with.run.Start(), RunResult::Completed);
+        EXPECT_EQ(with.run.Status().taken, 3);
+        EXPECT_EQ(with.arrays.ReplyLine[2], RunWorld::Line(2));
+        EXPECT_TRUE(with.prompts.messages.empty());
+        EXPECT_EQ(with.LoggedErrors(), "");
+        ExpectTidy(with);
+    }
 }
 
 TEST(MeasurementRunFaults, StopsQuietlyDuringTheWait)
@@ -95,6 +100,24 @@ TEST(MeasurementRunFaults, EndsWhenTheAcknowledgementIsNotSeen)
     ExpectTidy(with);
 }
 
+TEST(MeasurementRunFaults, TakesAnAcknowledgementThatComesLateAndInPieces)
+{
+    const std::string acknowledgement = "AD\r\n";
+    for (std::size_t split = 0; split <= acknowledgement.size(); ++split) {
+        RunWorld with;
+        with.acknowledgement = acknowledgement.substr(0, split);
+        with.port.onOutput = [&, answer = with.port.onOutput](const std::string& text) {
+            answer(text);
+            if (text == "D\r\n")
+                with.port.Deliver(1500ms, acknowledgement.substr(split));
+        };
+        with.interval = 2s;
+        with.GiveLines(3);
+        EXPECT_EQ(with.run.Start(), RunResult::Completed) << split;
+        EXPECT_EQ(with.arrays.ReplyLine[1], RunWorld::Line(1)) << split;
+    }
+}
+
 TEST(MeasurementRunFaults, EndsWhenALineStopsInTheMiddleOrPausesTooLong)
 {
     const std::string line = RunWorld::Line(2);
@@ -123,7 +146,7 @@ TEST(MeasurementRunFaults, EndsWhenALineStopsInTheMiddleOrPausesTooLong)
 TEST(MeasurementRunFaults, TakesALineInPiecesAtEveryByteWithAnyShortPause)
 {
     const std::string line = RunWorld::Line(2);
-    for (const auto pause : {1ms, 16ms, 60ms, 95ms}) {
+    for (const auto pause : {300us, 1000us, 16000us, 60000us, 95000us}) {
         for (std::size_t split = 0; split <= line.size(); ++split) {
             RunWorld with;
             with.state.TotalSamples = 2;
@@ -193,19 +216,24 @@ TEST(MeasurementRunFaults, TakesWhatEndsLikeALineWhateverStandsInIt)
 
 TEST(MeasurementRunFaults, AnInstrumentThatNeverPausesCanBeStopped)
 {
-    RunWorld with;
-    with.GiveLines(1);
-    with.world.After(5s, [&] { with.port.endless = true; });
-    long floodedPumps = 0;
-    with.world.onPump = [&](long) {
-        if (with.port.endless && ++floodedPumps == 10) {
-            with.run.Stop();
+    for (const bool stop : {true, false}) {
+        RunWorld with;
+        with.GiveLines(1);
+        with.world.After(5s, [&] { with.port.endless = true; });
+        int floodedPumps = 0;
+        with.world.onPump = [&](long) {
+            if (!with.port.endless || ++floodedPumps < 200) // of 1024 characters each
+                return;
             with.port.endless = false; // or the stop exchange would wait for a quiet line
-        }
-    };
-    EXPECT_EQ(with.run.Start(), RunResult::Stopped);
-    EXPECT_EQ(with.run.Status().taken, 1);
-    EXPECT_EQ(with.LoggedErrors(), "");
+            if (stop)
+                with.run.Stop();
+        };
+        EXPECT_EQ(with.run.Start(), stop ? RunResult::Stopped : RunResult::ReadFailed);
+        EXPECT_EQ(with.run.Status().taken, 1);
+        const std::string logged = with.LoggedErrors(); // by a read that failed, and by no other
+        EXPECT_EQ(logged.starts_with("D Command Data Read,xxx"), !stop);
+        EXPECT_LT(logged.size(), 65536U + 100) << "what is kept of an endless line is bounded";
+    }
 }
 
 // ---- the plug -------------------------------------------------------------------------------------------
@@ -393,6 +421,52 @@ struct Interruption {
     std::function<void(RunWorld&)> happen;
 };
 
+/// With `pulled` the adapter is pulled out behind the first line, and is back before the third.
+void HappenAtEveryPump(const Interruption& interruption, bool pulled)
+{
+    const PortDescription adapter{"FTDI", "FT232R", "A1", "1-2", "1.0"};
+    for (long k = 1;; ++k) {
+        SCOPED_TRACE(std::string(interruption.what) + " at pump " + std::to_string(k) +
+                     (pulled ? " of a run with a pull" : ""));
+        RunWorld with = pulled ? RunWorld(adapter) : RunWorld();
+        with.world.pumpLimit = 4000;
+        with.state.TotalSamples = 2;
+        with.GiveLines(10);
+        with.port.onOutput = [&, answer = with.port.onOutput](const std::string& text) {
+            answer(text);
+            if (text != "D\r\n" || !pulled)
+                return;
+            with.world.After(1500ms, [&] { with.PullOut(); });
+            with.world.After(2300ms, [&] { with.PlugIn(adapter); });
+        };
+        bool happened = false;
+        with.world.onPump = [&](long pump) {
+            if (pump == k && !happened) {
+                happened = true;
+                interruption.happen(with);
+            }
+        };
+        const RunResult result = with.run.Start();
+        if (!happened) {
+            EXPECT_GT(k, 300) << "the sweep went through the whole run";
+            EXPECT_EQ(result, RunResult::Completed);
+            EXPECT_EQ(with.arrays.Gaps.size(), pulled ? 1U : 0U);
+            break;
+        }
+        if (!RunTookPlace(result)) {
+            EXPECT_TRUE(with.arrays.ReplyLine.empty());
+            EXPECT_FALSE(with.port.IsOpen());
+            EXPECT_EQ(with.run.State(), RunState::Idle);
+            continue;
+        }
+        EXPECT_EQ(with.state.DataPresent, 1);
+        ExpectTidy(with);
+        if (result == RunResult::Completed) {
+            EXPECT_EQ(with.run.Status().taken, 2);
+        }
+    }
+}
+
 TEST(MeasurementRunFaults, SurvivesAnythingAtAnyPump)
 {
     const Interruption interruptions[] = {
@@ -419,37 +493,8 @@ TEST(MeasurementRunFaults, SurvivesAnythingAtAnyPump)
          }},
     };
     for (const Interruption& interruption : interruptions) {
-        for (long k = 1;; ++k) {
-            SCOPED_TRACE(std::string(interruption.what) + " at pump " + std::to_string(k));
-            RunWorld with;
-            with.world.pumpLimit = 4000;
-            with.state.TotalSamples = 2;
-            with.GiveLines(10);
-            bool happened = false;
-            with.world.onPump = [&](long pump) {
-                if (pump == k && !happened) {
-                    happened = true;
-                    interruption.happen(with);
-                }
-            };
-            const RunResult result = with.run.Start();
-            if (!happened) {
-                EXPECT_GT(k, 300) << "the sweep went through the whole run";
-                EXPECT_EQ(result, RunResult::Completed);
-                break;
-            }
-            if (!RunTookPlace(result)) {
-                EXPECT_TRUE(with.arrays.ReplyLine.empty());
-                EXPECT_FALSE(with.port.IsOpen());
-                EXPECT_EQ(with.run.State(), RunState::Idle);
-                continue;
-            }
-            EXPECT_EQ(with.state.DataPresent, 1);
-            ExpectTidy(with);
-            if (result == RunResult::Completed) {
-                EXPECT_EQ(with.run.Status().taken, 2);
-            }
-        }
+        HappenAtEveryPump(interruption, false);
+        HappenAtEveryPump(interruption, true);
     }
 }
 

@@ -1,5 +1,4 @@
 #include "tests/support/RunWorld.h"
-#include "tests/support/ScriptedPorts.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -24,19 +23,12 @@ struct Pull {
     milliseconds in;
 };
 
-/// A program whose COM1 is an adapter that can be pulled out. The instrument measures on meanwhile.
-struct PlugWorld : InstrumentWorld {
-    ScriptedPorts ports;
-    PortReturn portReturn{{port, names, ports}};
-    RunListener listener;
-    RunServices services = WithReturn();
-    MeasurementRun run{state, arrays, services, [] {}, listener};
+struct PlugWorld : RunWorld {
     World::Time requested{}; ///< when D was sent
     std::function<void()> onRequest;
 
-    PlugWorld()
+    PlugWorld() : RunWorld(kAdapter)
     {
-        ports.plugged[1].description = kAdapter;
         port.onOutput = [this, answer = port.onOutput](const std::string& text) {
             answer(text);
             if (text != "D\r\n")
@@ -46,24 +38,10 @@ struct PlugWorld : InstrumentWorld {
                 onRequest();
         };
     }
-    void PullOut()
-    {
-        port.Vanish();
-        ports.plugged.clear();
-    }
-    void PlugIn(const PortDescription& adapter = kAdapter) { ports.plugged[1].description = adapter; }
     [[nodiscard]] std::ptrdiff_t Requests() const { return std::ranges::count(port.sent, "D\r\n"); }
     [[nodiscard]] std::vector<std::string> Taken() const
     {
         return {arrays.ReplyLine.begin() + 1, arrays.ReplyLine.begin() + 1 + state.SampleCount};
-    }
-
-private:
-    RunServices WithReturn()
-    {
-        RunServices with = Services([] { return 0.5; });
-        with.portReturn = &portReturn;
-        return with;
     }
 };
 
@@ -199,7 +177,7 @@ TEST(Plug, TheRunGoesOnBehindTheFirstLineEndOfTheReturn)
                 with.port.Deliver(chunk.at, chunk.bytes);
             for (const Pull& pull : row.pulls) {
                 with.world.After(pull.out, [&] { with.PullOut(); });
-                with.world.After(pull.in, [&] { with.PlugIn(); });
+                with.world.After(pull.in, [&] { with.PlugIn(kAdapter); });
             }
         };
         with.listener.onSample = [&](int sample) {
@@ -239,17 +217,17 @@ TEST(Plug, StopEndsTheWaitAtOnce)
         {"it came and may not be used yet",
          [](PlugWorld& with) {
              with.port.openFault = PortFault{PortFaultKind::NoPermission, {}};
-             with.PlugIn();
+             with.PlugIn(kAdapter);
          },
          false, 60},
         {"it may be used at the third look",
          [](PlugWorld& with) {
              with.port.openFault = PortFault{PortFaultKind::NoPermission, {}};
-             with.PlugIn();
+             with.PlugIn(kAdapter);
              with.world.After(1200ms, [&] { with.port.openFault.reset(); });
          },
          true, 60},
-        {"it came and sends no line end", [](PlugWorld& with) { with.PlugIn(); }, true, 60},
+        {"it came and sends no line end", [](PlugWorld& with) { with.PlugIn(kAdapter); }, true, 60},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.what);
@@ -292,7 +270,8 @@ TEST(Plug, MayBePulledAtAnyMoment)
         PlugWorld with;
         with.world.pumpLimit = 4000;
         with.state.TotalSamples = 2;
-        with.GiveLines(10);
+        with.interval = 400ms; // so that there are lines that nobody has read yet
+        with.GiveLines(100);
         happened = false;
         RunState state{};
         with.world.onPump = [&](long pump) {
@@ -301,7 +280,7 @@ TEST(Plug, MayBePulledAtAnyMoment)
             happened = true;
             state = with.run.State();
             with.PullOut();
-            with.world.After(700ms, [&] { with.PlugIn(); });
+            with.world.After(700ms, [&] { with.PlugIn(kAdapter); });
             with.world.After(30s, [&] { with.run.Stop(); }); // D may have found no port
         };
         const RunResult result = with.run.Start();
@@ -310,7 +289,13 @@ TEST(Plug, MayBePulledAtAnyMoment)
         EXPECT_EQ(result, with.Requests() == 1 ? RunResult::Completed : RunResult::Stopped);
         EXPECT_LE(with.Requests(), 1);
         EXPECT_EQ(with.run.Status().taken, result == RunResult::Completed ? 2 : 0);
-        EXPECT_LE(with.arrays.Gaps.size(), 1U);
+        const std::vector<RunGap>& gaps = with.arrays.Gaps;
+        EXPECT_LE(gaps.size(), 1U);
+        const std::vector<std::string> taken = with.Taken();
+        EXPECT_EQ(std::ranges::adjacent_find(taken, std::ranges::greater_equal{}), taken.end()) << "twice";
+        if (!taken.empty() && (gaps.empty() || gaps[0].before != 2)) {
+            EXPECT_FALSE(std::ranges::search(with.lines, taken).empty()) << "one in between is missing";
+        }
         EXPECT_TRUE(with.prompts.messages.empty());
     }
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "measure/MeasurementRun.h"
+#include "serial/PortReturn.h"
 #include "tests/support/InstrumentWorld.h"
+#include "tests/support/ScriptedPorts.h"
 
 #include <functional>
 #include <string>
@@ -43,11 +45,32 @@ public:
 /// A whole program without windows in the discrete-event world.
 struct RunWorld : InstrumentWorld {
     using InstrumentWorld::InstrumentWorld;
+    /// Its COM1 is an adapter that can be pulled out, and is found again. The instrument measures on
+    /// meanwhile.
+    explicit RunWorld(const PortDescription& adapter) : looksForReturn(true) { PlugIn(adapter); }
 
+    void PullOut()
+    {
+        port.Vanish();
+        ports.plugged.clear();
+    }
+    void PlugIn(const PortDescription& adapter) { ports.plugged[1].description = adapter; }
+
+    bool looksForReturn = false;
+    ScriptedPorts ports;
+    PortReturn portReturn{{port, names, ports}};
     RunListener listener;
     int saves = 0;
     double nextRandom = 0.5;
-    MeasurementRun run{state, arrays, Services([this] { return nextRandom; }), [this] { ++saves; }, listener};
+    MeasurementRun run{state, arrays, WithReturn(), [this] { ++saves; }, listener};
+
+private:
+    RunServices WithReturn()
+    {
+        RunServices services = Services([this] { return nextRandom; });
+        services.portReturn = looksForReturn ? &portReturn : nullptr;
+        return services;
+    }
 };
 
 } // namespace quorvane
