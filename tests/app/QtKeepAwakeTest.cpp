@@ -1,6 +1,7 @@
 #include "app/QtKeepAwake.h"
 
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusServer>
 #include <QDBusVirtualObject>
 #include <QTest>
@@ -37,11 +38,13 @@ public:
     }
 };
 
-/// Whether the lock has been let go, in a while.
+/// Whether the lock has been let go, in a while. Closes its end.
 bool LetGo(int end)
 {
     char byte = 0;
-    return QTest::qWaitFor([&] { return ::read(end, &byte, 1) == 0; });
+    const bool letGo = QTest::qWaitFor([&] { return ::read(end, &byte, 1) == 0; });
+    ::close(end);
+    return letGo;
 }
 
 TEST(QtKeepAwake, HoldsALockFromTheAnswerToTheRelease)
@@ -67,15 +70,23 @@ TEST(QtKeepAwake, HoldsALockFromTheAnswerToTheRelease)
         awake.Hold();
         ASSERT_TRUE(QTest::qWaitFor([&] { return service.asked.size() == 2; }));
         const int lock = service.Give(1);
-        QTest::qWait(100);
+        // Messages come in their order: with this answer the one before it has been seen, too.
+        QDBusMessage message = service.asked[1];
+        QDBusPendingCallWatcher next(QDBusConnection(name).asyncCall(QDBusMessage::createMethodCall(
+            message.service(), message.path(), message.interface(), QStringLiteral("Next"))));
+        bool seen = false;
+        QObject::connect(&next, &QDBusPendingCallWatcher::finished, &server, [&] { seen = true; });
+        ASSERT_TRUE(QTest::qWaitFor([&] { return service.asked.size() == 3; }));
+        service.clients[2].send(service.asked[2].createReply());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return seen; }));
         char byte = 0;
         EXPECT_EQ(::read(lock, &byte, 1), -1) << "still held";
         awake.Release();
         EXPECT_TRUE(LetGo(lock));
 
         awake.Hold(); // refused: nothing to hold, and nothing happens
-        ASSERT_TRUE(QTest::qWaitFor([&] { return service.asked.size() == 3; }));
-        service.clients[2].send(service.asked[2].createErrorReply(QDBusError::AccessDenied, {}));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return service.asked.size() == 4; }));
+        service.clients[3].send(service.asked[3].createErrorReply(QDBusError::AccessDenied, {}));
     }
     QDBusConnection::disconnectFromPeer(name);
 }
