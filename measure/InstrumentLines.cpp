@@ -163,6 +163,8 @@ void InstrumentLines::NoteLoss(const LineRead& read)
 /// @return the part of a line behind them
 LineRead InstrumentLines::KeepRest()
 {
+    while (inFirstLine_ && DropFirstLine()) // what came with the loss itself
+        continue;
     // Whatever belongs to these lines is there: nothing is waited for, so nobody is served.
     LineReader reader(control_, [](std::chrono::milliseconds) { return true; });
     while (control_.InBufferCount() >= kEnoughBytes) {

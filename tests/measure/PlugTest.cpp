@@ -300,5 +300,25 @@ TEST(Plug, MayBePulledAtAnyMoment)
     }
 }
 
+TEST(Plug, WhatComesWithASecondLossEndsTheLineThatIsDropped)
+{
+    PlugWorld with;
+    with.onRequest = [&] {
+        with.port.Deliver(1s, L(1));
+        with.world.After(1500ms, [&] { with.PullOut(); });
+        with.world.After(1600ms, [&] { with.PlugIn(kAdapter); });
+        with.world.After(3s, [&] {
+            with.ports.plugged.clear();
+            with.port.VanishWhileReading(";0000002;002.000;1.2\r\n" + L(3));
+            with.port.Arrive("09:30:02");
+        });
+        with.world.After(4s, [&] { with.PlugIn(kAdapter); });
+        for (int second = 5; second < 8; ++second)
+            with.port.Deliver(std::chrono::seconds(second), L(second));
+    };
+    EXPECT_EQ(with.run.Start(), RunResult::Completed);
+    EXPECT_EQ(with.Taken(), (std::vector{L(1), L(3), L(6)}));
+}
+
 } // namespace
 } // namespace quorvane

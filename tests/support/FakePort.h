@@ -8,6 +8,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quorvane {
@@ -34,6 +35,8 @@ public:
     }
     /// The device goes away; noticed at the next look at the port, as with a real one.
     void Vanish() { vanished_ = true; }
+    /// The same in the middle of the next read, which takes in what has come until then.
+    void VanishWhileReading(const std::string& last) { last_ = last; }
 
     // What the code under test did.
     PortDevice device;
@@ -79,6 +82,10 @@ public:
     [[nodiscard]] std::string Input() override
     {
         ++reads;
+        if (const auto last = std::exchange(last_, std::nullopt)) {
+            received_.Append(*last);
+            vanished_ = true;
+        }
         NoticeLoss();
         if (endless && received_.Count() == 0 && inputLen == 1)
             return "x";
@@ -106,6 +113,7 @@ private:
     ReceiveBuffer received_;
     bool open_ = false;
     bool vanished_ = false;
+    std::optional<std::string> last_;
 };
 
 /// COMn is device "/dev/fake/n".
