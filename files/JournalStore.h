@@ -35,6 +35,9 @@ public:
     /// @return false when it was not taken, because too much waits already: offer it again
     [[nodiscard]] virtual bool Put(std::string_view record) = 0;
     [[nodiscard]] virtual JournalHealth Health() const = 0;
+    /// Whether the journal that is being written has gone: somebody has removed or renamed it, or its disk is
+    /// not there any more. What was put is lost to it, and `Begin` has to make another one.
+    [[nodiscard]] virtual bool Vanished() const = 0;
     /// Closes the journal at hand and renames it to `kept`, replacing what has that name; an empty `kept`
     /// removes it. Without one it does nothing.
     virtual void Retire(const std::string& kept) = 0;

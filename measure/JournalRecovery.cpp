@@ -1,5 +1,6 @@
 #include "measure/JournalRecovery.h"
 
+#include "measure/Gaps.h"
 #include "measure/ReadingRecord.h"
 
 #include <algorithm>
@@ -16,7 +17,8 @@ LeftOverRun Described(const std::string& path, const JournalContents& contents)
             .last = contents.readings.back().moment,
             .readings = static_cast<std::int32_t>(contents.readings.size()),
             .damaged = contents.damaged,
-            .gaps = static_cast<std::int32_t>(contents.gaps.size()),
+            .gaps =
+                static_cast<std::int32_t>(std::ranges::count_if(contents.gaps, LosesReadings, &RunGap::kind)),
             .simulated = contents.head.simulated};
 }
 
@@ -40,8 +42,24 @@ std::optional<LeftOverRun> JournalRecovery::Next()
             return std::move(look.run);
         if (look.worthless)
             Discard();
+        else if (!look.fault)
+            SetAside(path, look.state);
     }
     return std::nullopt;
+}
+
+/// One that a newer version has written waits for that.
+void JournalRecovery::SetAside(const std::string& path, JournalState state)
+{
+    std::string aside = path;
+    if (state != JournalState::Newer) {
+        std::string ignored;
+        if (store_.Claim(path, ignored))
+            return; // somebody has it by now
+        aside += ".unreadable";
+        store_.Retire(aside);
+    }
+    unreadable_.push_back({std::move(aside), state});
 }
 
 JournalLook JournalRecovery::LookAt(const std::string& path)

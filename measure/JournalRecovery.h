@@ -33,6 +33,12 @@ struct JournalLook {
     JournalState state = JournalState::Empty; ///< of what could be read
 };
 
+/// A journal that tells of no run.
+struct UnreadableJournal {
+    std::string path; ///< where it is now, UTF-8
+    JournalState state = JournalState::Foreign;
+};
+
 /// Brings readings back that no data file holds.
 class JournalRecovery {
 public:
@@ -40,8 +46,8 @@ public:
                     RunJournal& journal);
 
     /// The newest left-over run that was not looked at before, at hand from now on. A journal without a
-    /// reading is retired without a word; one that another program has, or that cannot be read, is passed
-    /// over.
+    /// reading is retired without a word; one that another program has is passed over; one that tells
+    /// nothing is set aside.
     [[nodiscard]] std::optional<LeftOverRun> Next();
     /// Looks at one journal, whatever its name. It is at hand from now on if it tells of a run or is
     /// worthless, and is let go again otherwise.
@@ -54,12 +60,18 @@ public:
     /// The run of the last look is left for another time.
     void Leave();
 
+    /// What `Next` could make nothing of, so far: somebody should know.
+    [[nodiscard]] const std::vector<UnreadableJournal>& Unreadable() const { return unreadable_; }
+
 private:
+    void SetAside(const std::string& path, JournalState state);
+
     ApplicationState& state_;
     MeasurementArrays& arrays_;
     JournalStore& store_;
     RunJournal& journal_;
     std::vector<std::string> lookedAt_;
+    std::vector<UnreadableJournal> unreadable_;
     JournalContents contents_; ///< of the run of the last look
     bool atHand_ = false;      ///< that run's journal
 };

@@ -36,13 +36,19 @@ void RunJournal::Begin(LocalMoment start, bool simulated)
                              .totalSamples = static_cast<std::int32_t>(settings_.TotalSamples),
                              .simulated = simulated,
                              .version = VersionNumber(kProgramVersion)});
+    start_ = start;
+    taken_ = 0;
+    ended_ = false;
+    BeginFile();
+    Look();
+}
+
+void RunJournal::BeginFile()
+{
     headOffered_ = false;
     offered_ = 0;
     gapsOffered_ = 0;
-    taken_ = 0;
-    ended_ = false;
-    store_.Begin(FileInFolder(place_.AppPath, JournalName(start)));
-    Look();
+    store_.Begin(FileInFolder(place_.AppPath, JournalName(start_)));
 }
 
 void RunJournal::Taken(std::int32_t sample)
@@ -53,7 +59,11 @@ void RunJournal::Taken(std::int32_t sample)
 
 void RunJournal::Look()
 {
-    if (!pen_ || !OfferHead())
+    if (!pen_)
+        return;
+    if (store_.Vanished())
+        BeginFile(); // all of it is still in the arrays
+    if (!OfferHead())
         return;
     while (offered_ < taken_) {
         const std::int32_t next = offered_ + 1;

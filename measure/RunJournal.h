@@ -40,6 +40,7 @@ public:
     [[nodiscard]] JournalHealth Health() const;
 
 private:
+    void BeginFile();
     [[nodiscard]] bool OfferHead();
     [[nodiscard]] bool OfferGaps(std::int32_t before);
 
@@ -49,6 +50,7 @@ private:
     JournalStore& store_;
 
     std::optional<JournalPen> pen_; ///< while a journal that was begun here is at hand
+    LocalMoment start_{};           ///< of its run
     bool headOffered_ = false;      ///< and taken, as is what is counted below
     std::int32_t offered_ = 0;
     std::size_t gapsOffered_ = 0;

@@ -32,6 +32,9 @@ public:
     [[nodiscard]] virtual Appended Append(std::string_view bytes) = 0;
     /// Takes away what stands behind the first `size` bytes.
     [[nodiscard]] virtual std::optional<FileFault> CutTo(std::uint64_t size) = 0;
+    /// Whether its path still leads to it. False when somebody has removed or renamed it, or its disk has
+    /// gone.
+    [[nodiscard]] virtual bool StillThere() const = 0;
     /// To the disk itself.
     [[nodiscard]] virtual std::optional<FileFault> Flush() = 0;
     /// Renames it, replacing what has that name, or removes it when `kept` is empty, and closes it. When this

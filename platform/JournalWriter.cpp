@@ -42,6 +42,8 @@ struct JournalWriter::Shared {
     std::size_t bytes = 0; ///< of the records
     std::optional<FileFault> fault;
     std::optional<FileFault> flushFault;
+    bool behind = false;   ///< until nothing waits any more
+    bool vanished = false; ///< until another one is begun
     bool ending = false;
     bool finished = false;
 };
@@ -54,7 +56,7 @@ public:
     void Run()
     {
         std::unique_lock lock(shared_->mutex);
-        while (!GivenUp()) {
+        while (!GivenUp() || SkipToRetirement()) { // what is to be retired wants no room on the disk
             WaitForWork(lock);
             FlushInTime(lock);
             if (!shared_->tasks.empty())
@@ -96,11 +98,13 @@ private:
             return;
         lock.unlock();
         Fault fault = file_ ? file_->Flush() : Fault();
+        const bool vanished = LetVanishedGo();
         lock.lock();
         flushAt_.reset();
-        if (fault)
+        if (fault && !vanished)
             flushAt_ = NowSteady() + shared_->bounds.retry;
-        shared_->flushFault = std::move(fault);
+        shared_->flushFault = vanished ? Fault({FileFaultKind::NotFound, {}}) : std::move(fault);
+        NoteVanished(vanished);
     }
 
     void DoNext(Lock& lock)
@@ -112,7 +116,13 @@ private:
         const std::string text = kind == Kind::Record ? std::string() : task.text;
         lock.unlock();
         Fault fault = kind == Kind::Record ? Write() : Do(kind, text, std::move(adopted));
+        const bool vanished = fault && LetVanishedGo();
         lock.lock();
+        if (vanished)
+            shared_->flushFault = std::exchange(fault, std::nullopt); // the records are offered again
+        else if (kind != Kind::Record && !fault)
+            shared_->flushFault.reset(); // it was that of the journal before
+        NoteVanished(vanished);
         shared_->fault = fault;
         failures_ = fault ? failures_ + 1 : 0;
         if (!fault)
@@ -154,8 +164,11 @@ private:
     bool SkipToRetirement()
     {
         auto& tasks = shared_->tasks;
-        const auto retirement = std::ranges::find(tasks, Kind::Retire, &Task::kind);
-        if (retirement == tasks.end())
+        const auto other = [](const Task& task) {
+            return task.kind != Kind::Begin && task.kind != Kind::Record;
+        };
+        const auto retirement = std::ranges::find_if(tasks, other);
+        if (retirement == tasks.end() || retirement->kind != Kind::Retire) // or it would be another journal's
             return false;
         TakeAway(static_cast<std::size_t>(retirement - tasks.begin()));
         return true;
@@ -169,10 +182,29 @@ private:
         shared_->changed.wait_for(lock, pause, [&] { return shared_->ending != atTheEnd; });
     }
 
+    /// A file that somebody has removed, or whose disk has gone, takes records and keeps none.
+    bool LetVanishedGo()
+    {
+        if (!file_ || file_->StillThere())
+            return false;
+        torn_ = false;
+        flushAt_.reset();
+        file_->Close();
+        file_.reset();
+        return true;
+    }
+
+    /// Where another one is to be begun already, nobody has to be told.
+    void NoteVanished(bool vanished)
+    {
+        if (vanished && std::ranges::find(shared_->tasks, Kind::Begin, &Task::kind) == shared_->tasks.end())
+            shared_->vanished = true;
+    }
+
     Fault Write()
     {
-        if (!file_)
-            return std::nullopt; // the record of a journal that could not be begun before it was retired
+        if (!file_) // that of a journal which has vanished, or could not be begun before it was retired
+            return std::nullopt;
         if (torn_) {
             if (Fault fault = file_->CutTo(whole_))
                 return fault;
@@ -302,6 +334,10 @@ void JournalWriter::Ask(Task task)
 void JournalWriter::Begin(const std::string& path)
 {
     Release();
+    {
+        const std::lock_guard lock(shared_->mutex);
+        shared_->vanished = false;
+    }
     Ask({.kind = Task::Kind::Begin, .text = path});
     atHand_ = true;
     writable_ = true;
@@ -325,8 +361,17 @@ JournalHealth JournalWriter::Health() const
 {
     const std::lock_guard lock(shared_->mutex);
     const auto& tasks = shared_->tasks;
-    return {.behind = !tasks.empty() && NowSteady() - tasks.front().since > shared_->bounds.behind,
-            .fault = shared_->fault ? shared_->fault : shared_->flushFault};
+    if (tasks.empty())
+        shared_->behind = false;
+    else if (NowSteady() - tasks.front().since > shared_->bounds.behind)
+        shared_->behind = true;
+    return {.behind = shared_->behind, .fault = shared_->fault ? shared_->fault : shared_->flushFault};
+}
+
+bool JournalWriter::Vanished() const
+{
+    const std::lock_guard lock(shared_->mutex);
+    return writable_ && shared_->vanished;
 }
 
 void JournalWriter::Retire(const std::string& kept)

@@ -40,6 +40,7 @@ public:
     void Begin(const std::string& path) override;
     [[nodiscard]] bool Put(std::string_view record) override;
     [[nodiscard]] JournalHealth Health() const override;
+    [[nodiscard]] bool Vanished() const override;
     void Retire(const std::string& kept) override;
     void Release() override;
     [[nodiscard]] std::vector<std::string> LeftOver(const std::string& folder) const override;

@@ -119,6 +119,8 @@ public:
         return ::ftruncate(file_.Get(), static_cast<off_t>(size)) == 0 ? JournalFault() : FaultOf(errno);
     }
 
+    bool StillThere() const override { return StandsAt(file_, path_); }
+
     JournalFault Flush() override
     {
         const int error = quorvane::Flush(file_);

@@ -1,12 +1,12 @@
 #include "platform/windows/WindowsFileStore.h"
 
 #include "platform/windows/Handle.h"
+#include "platform/windows/ReadAll.h"
 #include "platform/windows/SystemFault.h"
 #include "platform/windows/WidePath.h"
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <utility>
 
@@ -196,23 +196,7 @@ Fault WindowsFileStore::ReadWhole(const std::string& path, std::string& bytes) c
     Handle file;
     if (Fault fault = OpenDiskFile(WidePath(path), GENERIC_READ, OPEN_EXISTING, file))
         return fault;
-    LARGE_INTEGER size{};
-    if (!::GetFileSizeEx(file.Get(), &size))
-        return LastFault();
-    if (static_cast<std::uint64_t>(size.QuadPart) > kLargestFile)
-        return FaultOf(ERROR_FILE_TOO_LARGE);
-    std::array<char, 65536> block;
-    for (;;) {
-        DWORD count = 0;
-        if (!::ReadFile(file.Get(), block.data(), static_cast<DWORD>(block.size()), &count, nullptr)) {
-            const DWORD error = ::GetLastError();
-            bytes.clear();
-            return FaultOf(error);
-        }
-        if (count == 0)
-            return std::nullopt;
-        bytes.append(block.data(), count);
-    }
+    return ReadAll(file, bytes);
 }
 
 Fault WindowsFileStore::Append(const std::string& path, std::string_view bytes)

@@ -2,12 +2,12 @@
 #include "files/JournalStore.h"
 #include "platform/JournalFile.h"
 #include "platform/windows/Handle.h"
+#include "platform/windows/ReadAll.h"
 #include "platform/windows/SystemFault.h"
 #include "platform/windows/WidePath.h"
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace quorvane {
@@ -22,22 +22,15 @@ Handle OpenLocked(const std::string& path, DWORD disposition)
                                 nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-Fault ReadAll(const Handle& file, std::string& bytes)
+/// One that is there. Where nothing may be written, nobody else writes it either, and reading is enough.
+Handle OpenPresent(const std::string& path)
 {
-    LARGE_INTEGER size{};
-    if (!::GetFileSizeEx(file.Get(), &size))
-        return LastFault();
-    if (static_cast<std::uint64_t>(size.QuadPart) > kLargestFile)
-        return FaultOf(ERROR_FILE_TOO_LARGE);
-    std::array<char, 65536> block;
-    for (;;) {
-        DWORD count = 0;
-        if (!::ReadFile(file.Get(), block.data(), static_cast<DWORD>(block.size()), &count, nullptr))
-            return LastFault();
-        if (count == 0)
-            return std::nullopt;
-        bytes.append(block.data(), count);
-    }
+    Handle file = OpenLocked(path, OPEN_EXISTING);
+    const DWORD error = file.IsOpen() ? ERROR_SUCCESS : ::GetLastError();
+    if (error == ERROR_ACCESS_DENIED || error == ERROR_WRITE_PROTECT)
+        file = Handle(::CreateFileW(WidePath(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file;
 }
 
 class WindowsJournalFile final : public JournalFile {
@@ -60,7 +53,7 @@ public:
     {
         bytes.clear();
         path_ = path;
-        file_ = OpenLocked(path, OPEN_EXISTING);
+        file_ = OpenPresent(path);
         Fault fault = file_.IsOpen() ? ReadAll(file_, bytes) : LastFault();
         if (fault) {
             file_.Close();
@@ -86,6 +79,12 @@ public:
         const bool cut =
             ::SetFilePointerEx(file_.Get(), end, nullptr, FILE_BEGIN) && ::SetEndOfFile(file_.Get());
         return cut ? Fault{} : LastFault();
+    }
+
+    /// Nobody can remove or rename it while it is open, but its disk may go.
+    bool StillThere() const override
+    {
+        return ::GetFileAttributesW(WidePath(path_).c_str()) != INVALID_FILE_ATTRIBUTES;
     }
 
     Fault Flush() override { return ::FlushFileBuffers(file_.Get()) ? Fault{} : LastFault(); }
@@ -130,7 +129,7 @@ public:
             return paths;
         do {
             std::string path = FileInFolder(folder, Utf8(found.cFileName));
-            if (path.ends_with(kJournalEnding) && OpenLocked(path, OPEN_EXISTING).IsOpen())
+            if (path.ends_with(kJournalEnding) && OpenPresent(path).IsOpen())
                 paths.push_back(std::move(path));
         } while (::FindNextFileW(search, &found));
         ::FindClose(search);

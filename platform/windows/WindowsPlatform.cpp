@@ -7,6 +7,7 @@
 #include "platform/windows/WindowsFileStore.h"
 #include "platform/windows/WindowsFolders.h"
 #include "platform/windows/WindowsInstanceLock.h"
+#include "platform/windows/WindowsKeepAwake.h"
 #include "platform/windows/WindowsLocalClock.h"
 #include "platform/windows/WindowsLocaleItems.h"
 #include "platform/windows/WindowsPortDescriptions.h"

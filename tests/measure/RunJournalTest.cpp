@@ -144,6 +144,11 @@ TEST(RunJournal, OffersAgainWhatWasNotTaken)
     with.journal.Look();
     EXPECT_EQ(with.Contents().gaps, with.arrays.Gaps);
     EXPECT_EQ(with.Contents().damaged, 0) << "nothing twice";
+
+    with.journals.files.clear(); // somebody has removed it
+    with.journal.Look();
+    EXPECT_THAT(with.Lines(), ElementsAre("1", "2", "3"));
+    EXPECT_EQ(with.Contents().gaps, with.arrays.Gaps);
 }
 
 TEST(RunJournal, OneEarlierGenerationIsKept)
@@ -209,8 +214,11 @@ TEST(JournalRecovery, OffersEachRunOnceNewestFirst)
     with.journal.Settle();
     EXPECT_EQ(with.journals.files[KeptJournal(with.state)], journal(kStart, 1));
     EXPECT_FALSE(recovery.Next());
-    for (const std::string name : {"d", "e", "f", "g"})
-        EXPECT_TRUE(with.journals.files.contains(path(name))) << name;
+    for (const std::string& left :
+         {path("d") + ".unreadable", path("e"), path("f"), path("g") + ".unreadable"})
+        EXPECT_TRUE(with.journals.files.contains(left)) << left;
+    ASSERT_EQ(recovery.Unreadable().size(), 2U);
+    EXPECT_EQ(recovery.Unreadable()[1].path, path("d") + ".unreadable");
     EXPECT_FALSE(with.journals.files.contains(path("c"))) << "it has no reading";
 }
 

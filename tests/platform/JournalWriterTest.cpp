@@ -29,6 +29,7 @@ struct Disk {
     bool refusesNames = false;
     bool refusesFlush = false;
     int flushes = 0;
+    int failures = 0;      ///< of writes
     std::string kept;      ///< a name that nothing can be renamed to
     std::timed_mutex hold; ///< held by a test: writes wait
     std::atomic<int> open = 0;
@@ -63,7 +64,9 @@ public:
         const std::lock_guard lock(disk_->mutex);
         const std::size_t taken = std::min(bytes.size(), disk_->room);
         disk_->room -= taken;
-        disk_->files[path_] += bytes.substr(0, taken);
+        disk_->failures += taken == 0 ? 1 : 0;
+        if (StillThere())
+            disk_->files[path_] += bytes.substr(0, taken);
         return {taken, taken == 0 ? std::optional(kFull) : std::nullopt};
     }
     std::optional<FileFault> CutTo(std::uint64_t size) override
@@ -72,6 +75,7 @@ public:
         disk_->files[path_].resize(static_cast<std::size_t>(size));
         return std::nullopt;
     }
+    bool StillThere() const override { return disk_->files.contains(path_); }
     std::optional<FileFault> Flush() override
     {
         const std::lock_guard lock(disk_->mutex);
@@ -212,6 +216,41 @@ TEST_F(JournalWriterTest, WhatIsSettledIsNotWrittenAnyMore)
     EXPECT_TRUE(Put("2\n"));
     writer_.reset();
     EXPECT_THAT(disk_->files, ElementsAre(Pair("b", "2\n")));
+}
+
+TEST_F(JournalWriterTest, OneThatCouldNotBeWrittenForLongIsRetiredAtTheEndAllTheSame)
+{
+    GiveRoom(0);
+    writer_->Begin("a");
+    EXPECT_TRUE(Put("1\n"));
+    Await([&] {
+        const std::lock_guard lock(disk_->mutex);
+        return disk_->failures > 20;
+    });
+    writer_->Retire("kept");
+    writer_.reset();
+    EXPECT_THAT(Files(), ElementsAre(Pair("kept", "")));
+}
+
+TEST_F(JournalWriterTest, OneThatIsRemovedIsToldAndBegunAnew)
+{
+    writer_->Begin("a");
+    EXPECT_TRUE(Put("1\n"));
+    Await([&] { return Files()["a"] == "1\n"; });
+    EXPECT_FALSE(writer_->Vanished());
+    {
+        const std::lock_guard lock(disk_->mutex);
+        disk_->files.clear();
+    }
+    EXPECT_TRUE(Put("2\n"));
+    Await([&] { return writer_->Vanished(); });
+    EXPECT_FALSE(writer_->Health().Good());
+    writer_->Begin("b");
+    EXPECT_FALSE(writer_->Vanished());
+    EXPECT_TRUE(Put("1\n") && Put("2\n"));
+    Await([&] { return writer_->Health().Good(); });
+    writer_.reset();
+    EXPECT_THAT(Files(), ElementsAre(Pair("b", "1\n2\n")));
 }
 
 TEST_F(JournalWriterTest, ASlowDiskIsToldAndHoldsNobody)

@@ -21,10 +21,12 @@ public:
         if (atHand.empty() || room == 0)
             return false;
         --room;
-        files[atHand] += record;
+        if (!Vanished())
+            files[atHand] += record;
         return true;
     }
     [[nodiscard]] JournalHealth Health() const override { return health; }
+    [[nodiscard]] bool Vanished() const override { return !atHand.empty() && !files.contains(atHand); }
     void Retire(const std::string& kept) override
     {
         if (atHand.empty())
