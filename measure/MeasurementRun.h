@@ -53,8 +53,11 @@ struct RunServices {
     Prompts& prompts;
     SerialLog& log;
     const Texts& texts;
-    RandomSource random;              ///< for simulated readings
-    RunJournal* journal = nullptr;    ///< null: none is kept
+    RandomSource random;            ///< for simulated readings
+    RunJournal* journal = nullptr;  ///< null: none is kept
+    KeepAwake* keepAwake = nullptr; ///< null: the computer sleeps when it likes
+    /// What the operator should know before a run and may start in spite of; empty when all is well.
+    std::function<std::string()> advice{};
     PortReturn* portReturn = nullptr; ///< null: a lost device is not looked for
 };
 
