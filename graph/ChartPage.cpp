@@ -3,6 +3,7 @@
 #include "app/QtText.h"
 #include "files/NumberText.h"
 #include "instrument/DateTimeText.h"
+#include "measure/Gaps.h"
 #include "resources/OwnTexts.h"
 #include "resources/SystemTexts.h"
 
@@ -124,8 +125,8 @@ std::vector<PageFact> ChartFacts(const ApplicationState& state, const Measuremen
         {caption(kStelLimitText), limit(state.StelAlarm)},
         {caption(kCeilingLimitText), limit(state.CAlarm)},
     };
-    if (!arrays.Gaps.empty()) // what the hatching is
-        facts.push_back({caption(kGapsText), QString::number(arrays.Gaps.size())});
+    if (const auto gaps = std::ranges::count_if(arrays.Gaps, LosesReadings, &RunGap::kind); gaps > 0)
+        facts.push_back({caption(kGapsText), QString::number(gaps)}); // what the hatching is
     return facts;
 }
 

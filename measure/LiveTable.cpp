@@ -22,11 +22,12 @@ constexpr int kNumberMargin = 6;
 constexpr int kSignRoom = 8; ///< for the sign of a gap, before the number
 constexpr int kGapLine = 3;  ///< thickness
 
-/// The line of a gap along the upper edge of `row`.
-void DrawGapLine(QPainter& painter, const QRect& row, const QPalette& palette)
+/// The line of a gap along the upper edge of `row`: a thin one where no reading is missing.
+void DrawGapLine(QPainter& painter, const QRect& row, int behind, const QPalette& palette)
 {
-    painter.setPen(QPen(palette.text(), kGapLine, Qt::DashLine, Qt::FlatCap));
-    painter.drawLine(row.left(), row.top() + kGapLine / 2, row.right(), row.top() + kGapLine / 2);
+    const int thickness = behind == kBehindLoss ? kGapLine : 1;
+    painter.setPen(QPen(palette.text(), thickness, Qt::DashLine, Qt::FlatCap));
+    painter.drawLine(row.left(), row.top() + thickness / 2, row.right(), row.top() + thickness / 2);
 }
 
 /// The numbers of the readings, always wide enough for the last one: the toolkit would measure the texts of
@@ -54,13 +55,15 @@ protected:
         painter->save(); // the toolkit leaves its pen
         QHeaderView::paintSection(painter, rect, row);
         painter->restore();
-        if (!model()->headerData(row, Qt::Vertical, kBehindGapRole).toBool())
+        const int behind = model()->headerData(row, Qt::Vertical, kBehindGapRole).toInt();
+        if (behind == 0)
             return;
         painter->save();
-        DrawGapLine(*painter, rect, palette());
+        DrawGapLine(*painter, rect, behind, palette());
         painter->setPen(QPen(palette().text(), 2));
-        for (const int x : {rect.left() + 3, rect.left() + 8}) // two strokes, as where an axis is broken
-            painter->drawLine(x + 3, rect.center().y() - 3, x, rect.center().y() + 5);
+        if (behind == kBehindLoss) // two strokes, as where an axis is broken
+            for (const int x : {rect.left() + 3, rect.left() + 8})
+                painter->drawLine(x + 3, rect.center().y() - 3, x, rect.center().y() + 5);
         painter->restore();
     }
 };
@@ -144,8 +147,9 @@ void LiveTable::paintEvent(QPaintEvent* event)
     const int right =
         columnViewportPosition(model()->columnCount() - 1) + columnWidth(model()->columnCount() - 1);
     for (int row = first; row < rows && rowViewportPosition(row) <= event->rect().bottom(); ++row)
-        if (model()->headerData(row, Qt::Vertical, kBehindGapRole).toBool())
-            DrawGapLine(painter, QRect(0, rowViewportPosition(row), right, rowHeight(row)), palette());
+        if (const int behind = model()->headerData(row, Qt::Vertical, kBehindGapRole).toInt(); behind != 0)
+            DrawGapLine(painter, QRect(0, rowViewportPosition(row), right, rowHeight(row)), behind,
+                        palette());
 }
 
 void LiveTable::updateGeometries()

@@ -79,7 +79,7 @@ QVariant LiveTableModel::GapsAbove(int row, int role) const
     if (gaps.empty())
         return {};
     if (!tells)
-        return true;
+        return std::ranges::any_of(gaps, LosesReadings, &RunGap::kind) ? kBehindLoss : kBehindSetClock;
     QStringList texts;
     for (const RunGap& gap : gaps)
         texts += gapText_ ? gapText_(gap) : QString();

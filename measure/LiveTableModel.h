@@ -12,6 +12,9 @@ namespace quorvane {
 
 /// Of a row's heading: whether its reading came behind a gap.
 inline constexpr int kBehindGapRole = Qt::UserRole;
+// Its values; none where a reading is behind no gap.
+inline constexpr int kBehindSetClock = 1; ///< no reading is missing
+inline constexpr int kBehindLoss = 2;
 
 /// The live table's rows, read from the measurement arrays when they are painted: a reading costs the same at
 /// row 65,500 as at row 1.

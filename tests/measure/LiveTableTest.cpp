@@ -85,12 +85,16 @@ TEST(LiveTable, ARowBehindAGapHasALineAndTellsWhatItWasAndIsCopiedAsBefore)
 
     arrays.Gaps = {{3, GapKind::PortLost, {}, LocalMoment(std::chrono::seconds(60))},
                    {3, GapKind::ClockSet, {}, LocalMoment(std::chrono::seconds(70))},
+                   {5, GapKind::ClockSet, {}, {}},
                    {6, GapKind::Standstill, {}, LocalMoment(std::chrono::seconds(80))},
                    {7, GapKind::Standstill, {}, {}}}; // no reading is behind it yet
     model.Add(6);                                     // in a run
     const auto marked = looks();
     for (qsizetype part = 0; part < 4; ++part)
         EXPECT_NE(marked.mid(30 * part, 30), plain.mid(30 * part, 30)) << part;
+    for (const auto& [row, behind] :
+         {std::pair(2, kBehindLoss), {3, 0}, {4, kBehindSetClock}, {5, kBehindLoss}})
+        EXPECT_EQ(model.headerData(row, Qt::Vertical, kBehindGapRole).toInt(), behind) << row;
     for (const auto& [row, text] : {std::pair(1, u""_qs), {2, u"until 60\nuntil 70"_qs}, {5, u"until 80"_qs}})
         for (const int role : {int{Qt::ToolTipRole}, int{Qt::AccessibleDescriptionRole}}) {
             EXPECT_EQ(model.index(row, 3).data(role).toString(), text);
