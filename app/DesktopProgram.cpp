@@ -45,6 +45,7 @@ DesktopProgram::DesktopProgram(Platform platform)
       prompts_(texts_),
       log_(state_, *platform_.files, *platform_.codePage, *platform_.clock, *platform_.locale),
       link_(state_, {*platform_.serial, *platform_.portNames, pump_, timer1_, prompts_, log_, texts_}),
+      portReturn_({*platform_.serial, *platform_.portNames, *platform_.portDescriptions}),
       settings_(state_, *platform_.files, *platform_.codePage, *platform_.clock, *platform_.locale,
                 kProgramVersion),
       journal_(state_, state_, arrays_, *platform_.journals),
@@ -139,7 +140,8 @@ void DesktopProgram::ShowMainWindow()
                                        .random = MakeRandomSource(),
                                        .journal = &journal_,
                                        .keepAwake = keepAwake_.get(),
-                                       .advice = [this] { return Advice(); }},
+                                       .advice = [this] { return Advice(); },
+                                       .portReturn = &portReturn_},
                                .timer4 = timer4_,
                                .windowOrder = platform_.windowOrder ? *platform_.windowOrder : windowOrder_,
                                .statusTimer = statusTimer_,
@@ -172,7 +174,8 @@ void DesktopProgram::ShowMainWindow()
 
 std::string DesktopProgram::Advice() const
 {
-    return RunAdvice({.programFolder = state_.AppPath, .dataFolder = state_.DefaultFolder},
+    const bool chosen = state_.DefaultFolder != kUnchosenFolder; // nobody may write there, and nobody minds
+    return RunAdvice({.programFolder = state_.AppPath, .dataFolder = chosen ? state_.DefaultFolder : ""},
                      state_.TotalSamples, *platform_.folders, texts_);
 }
 

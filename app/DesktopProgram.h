@@ -19,6 +19,7 @@
 #include "platform/Platform.h"
 #include "resources/StringTable.h"
 #include "serial/PortLink.h"
+#include "serial/PortReturn.h"
 #include "serial/SerialLog.h"
 #include "stored/QtDriveFolders.h"
 
@@ -68,6 +69,7 @@ private:
     QtPrompts prompts_;
     SerialLog log_;
     PortLink link_;
+    PortReturn portReturn_;
     SettingsFile settings_;
     RunJournal journal_;
     JournalRecovery recovery_;

@@ -251,7 +251,7 @@ void FrmMenu::showEvent(QShowEvent* event)
 /// One run is brought back at most, for there is room for one: the others wait for the next start.
 void FrmMenu::OfferLeftOverRuns()
 {
-    if (Busy())
+    if (Busy()) // and not later: there may be other readings at hand then
         return;
     const Command command(*this);
     while (const std::optional<LeftOverRun> run = parts_.recovery.Next()) {
@@ -260,15 +260,30 @@ void FrmMenu::OfferLeftOverRuns()
             parts_.recovery.Discard();
             continue;
         }
-        if (choice == FrmRecovery::Choice::Later)
-            return parts_.recovery.Leave();
+        if (choice == FrmRecovery::Choice::Later) {
+            parts_.recovery.Leave();
+            break;
+        }
         parts_.recovery.Restore();
         ShowReadings({});
         UpdateCommands();
         if (choice == FrmRecovery::Choice::SaveAs)
             Save();
-        return;
+        break;
     }
+    TellUnreadableJournals();
+}
+
+void FrmMenu::TellUnreadableJournals()
+{
+    std::string text;
+    for (const auto& [path, state] : parts_.recovery.Unreadable()) {
+        text += text.empty() ? "" : "\r\n";
+        text += FilledIn(parts_.run.texts[state == JournalState::Newer ? kNewerJournalText : kNoJournalText],
+                         path);
+    }
+    if (!text.empty() && isVisible())
+        Ask({.text = text, .icon = Icon::Exclamation});
 }
 
 FrmRecovery::Choice FrmMenu::AskAbout(const LeftOverRun& run)

@@ -105,6 +105,7 @@ private:
     void ShowOpened(const std::string& path);
     void ShowReadings(const QString& file);
     void OfferLeftOverRuns();
+    void TellUnreadableJournals();
     [[nodiscard]] FrmRecovery::Choice AskAbout(const LeftOverRun& run);
     void MenuSave();
     SaveResult Save();

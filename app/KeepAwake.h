@@ -2,7 +2,8 @@
 
 namespace quorvane {
 
-/// Keeps the computer from going to sleep by itself. Who closes the lid or chooses to sleep still can.
+/// Keeps the computer from going to sleep by itself. Who closes the lid still can, and who chooses to sleep
+/// on Windows; Linux refuses that unless an administrator insists.
 class KeepAwake {
 public:
     virtual ~KeepAwake() = default;

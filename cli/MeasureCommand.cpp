@@ -5,10 +5,14 @@
 #include "cli/CommandWorld.h"
 #include "cli/InstrumentLine.h"
 #include "cli/RunReport.h"
+#include "files/AppFiles.h"
 #include "files/FileFaultText.h"
 #include "files/NumberText.h"
+#include "files/RunAdvice.h"
 #include "files/SaveCommand.h"
 #include "instrument/DateTimeText.h"
+#include "measure/Gaps.h"
+#include "measure/JournalRecovery.h"
 #include "measure/MeasurementRun.h"
 #include "measure/RunJournal.h"
 #include "measure/RunStatusText.h"
@@ -16,6 +20,7 @@
 #include "platform/Platform.h"
 #include "resources/OwnTexts.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -33,8 +38,10 @@ public:
 
 private:
     [[nodiscard]] int MeasureAndSave();
+    [[nodiscard]] std::string Advice() const;
     void Watch();
     void TellPortLoss(const RunStatus& status);
+    void TellGaps();
     void TellJournalHealth();
     void TellLeftOverRun();
     void ShowProgress(const RunStatus& status);
@@ -57,6 +64,7 @@ private:
     MeasurementRun run_;
     bool gaveUp_ = false;
     bool portLossTold_ = false;
+    std::size_t gapsTold_ = 0;
     bool journalTroubleTold_ = false;
 };
 
@@ -86,6 +94,9 @@ Measurement::Measurement(const MeasureOptions& options)
            .log = line_.Log(),
            .texts = world_.texts,
            .random = MakeRandomSource(options.randomSeed),
+           .journal = &journal_,
+           .keepAwake = system_.keepAwake.get(),
+           .advice = [this] { return Advice(); },
            .portReturn = &portReturn_},
           [this] { save_.SaveMeasurement(); }, report_)
 {
@@ -121,6 +132,13 @@ int Measurement::MeasureAndSave()
     return saved && result != RunResult::ReadFailed ? kExitDone : kExitFailed;
 }
 
+std::string Measurement::Advice() const
+{
+    const std::string folder = Utf8FromPath(PathFromUtf8(options_.output).parent_path());
+    return RunAdvice({.programFolder = state_.AppPath, .dataFolder = folder.empty() ? "." : folder},
+                     state_.TotalSamples, *system_.folders, world_.texts);
+}
+
 void Measurement::Watch()
 {
     const RunState state = run_.State();
@@ -132,6 +150,7 @@ void Measurement::Watch()
     if (state == RunState::Stopping)
         return;
     TellPortLoss(status);
+    TellGaps();
     GiveUpWhenSilent(status);
 }
 
@@ -142,6 +161,19 @@ void Measurement::TellPortLoss(const RunStatus& status)
     if (!status.portLost && portLossTold_)
         world_.console.Say(FilledIn(world_.texts[kPortBackText], InstrumentTimeText(system_.clock->Now())));
     portLossTold_ = status.portLost;
+}
+
+/// What the clocks have told; a lost port was told when it went.
+void Measurement::TellGaps()
+{
+    for (; gapsTold_ < arrays_.Gaps.size(); ++gapsTold_) {
+        const RunGap& gap = arrays_.Gaps[gapsTold_];
+        if (gap.kind == GapKind::PortLost)
+            continue;
+        std::string text = GapText(gap, world_.texts, *system_.locale);
+        std::ranges::replace(text, '\n', ' ');
+        world_.console.Say(text);
+    }
 }
 
 /// Once, and once when it is over.
@@ -162,8 +194,13 @@ void Measurement::TellJournalHealth()
 
 void Measurement::TellLeftOverRun()
 {
-    if (const auto paths = system_.journals->LeftOver(state_.AppPath); !paths.empty())
-        world_.console.Say(FilledIn(world_.texts[kLeftOverRunText], paths.front()));
+    JournalRecovery recovery(state_, arrays_, *system_.journals, journal_);
+    if (const auto run = recovery.Next())
+        world_.console.Say(FilledIn(world_.texts[kLeftOverRunText], run->path));
+    recovery.Leave();
+    for (const auto& [path, state] : recovery.Unreadable())
+        world_.console.Say(
+            FilledIn(world_.texts[state == JournalState::Newer ? kNewerJournalText : kNoJournalText], path));
 }
 
 void Measurement::GiveUpWhenSilent(const RunStatus& status)

@@ -119,6 +119,11 @@ int Recovery::Discard()
         return kExitFailed;
     }
     recovery_.Discard();
+    std::string ignored;
+    if (!system_.journals->Claim(run->path, ignored)) { // which waits until it should have gone
+        world_.console.Say(FaultReason({FileFaultKind::NoPermission, {}}, world_.texts) + " " + run->path);
+        return kExitFailed;
+    }
     world_.console.Say(FilledIn(world_.texts[kRunGivenUpText], run->path) + " (" + Facts(*run) + ")");
     return kExitDone;
 }

@@ -23,11 +23,11 @@ std::string FolderAdvice(const std::string& folder, int unwritableId, double nee
     if (folder.empty())
         return {};
     if (!folders.CanWrite(folder))
-        return FilledIn(texts[unwritableId], folder);
+        return texts[unwritableId] + "\r\n" + folder;
     const auto free = folders.FreeSpace(folder);
     if (!free || static_cast<double>(*free) >= needed)
         return {};
-    return FilledIn(FilledIn(texts[kLittleSpaceText], Megabytes(static_cast<double>(*free))), folder);
+    return FilledIn(texts[kLittleSpaceText], Megabytes(static_cast<double>(*free))) + "\r\n" + folder;
 }
 
 } // namespace

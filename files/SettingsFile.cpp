@@ -56,7 +56,7 @@ constexpr SettingLine kLines[] = {
     Fixed{""},
     Fixed{"[Computer Setting]"},
     Flag{"ProgMode=", &State::RunMode, true},
-    Text{"DefaultFolder=", &State::DefaultFolder, "C:\\"},
+    Text{"DefaultFolder=", &State::DefaultFolder, kUnchosenFolder},
     Fixed{""},
     Fixed{"[Com Port]"},
     Text{"RsPort_CH1=", &State::RsPort, "COM1"},

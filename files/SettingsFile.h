@@ -12,6 +12,9 @@
 
 namespace quorvane {
 
+/// `DefaultFolder` as long as nobody has chosen one.
+inline constexpr std::string_view kUnchosenFolder = "C:\\";
+
 /// The settings file "Quorvane.ini" in the program's folder (`AppPath`), in the user's code page.
 class SettingsFile {
 public:

@@ -334,6 +334,8 @@ enum OwnText : int {
     kNewerJournalText = 1517, ///< %1: the file
     kRunFactsText = 1518,     ///< five %1: readings, start, newest reading, damaged records, gaps
     kRunGivenUpText = 1519,   ///< %1: the journal
+    // A device that went during a run.
+    kPortBackText = 1521, ///< %1: time of day
 
     // The offer of readings that an earlier program has left.
     kRecoveryTitleText = 1531,
@@ -356,6 +358,12 @@ enum OwnText : int {
     kDiskFullWarningText = 1548,
     kJournalWarningText = 1549,
     kDiskSlowWarningText = 1550,
+
+    // Before a run: advice.
+    kStartAnywayText = 1551,
+    kJournalUnwritableText = 1552, ///< a folder follows, as in the next two
+    kDataFolderUnwritableText = 1553,
+    kLittleSpaceText = 1554, ///< %1: MB
 };
 
 } // namespace quorvane

@@ -151,7 +151,7 @@ constexpr Entry kEntries[] = {
     {kAlarmStelText, "Alarm TLV-STEL", "TLV-STEL 警報"},
     {kAlarmCeilingText, "Alarm TLV-C", "TLV-C 警報"},
     {kSavedText, "Saved", "保存しました"},
-    {kPortLostText, "Port lost since %1; waiting for %1", "%1 からポート切断、%1 の再接続待ち"},
+    {kPortLostText, "Port lost since %1; waiting for %1", "%1 からポート切断中、%1 の再接続待ち"},
     {kGivenUpText, "No data from the instrument for %1 s; the run was given up",
      "測定器から %1 秒間データが届かなかったため、測定を打ち切りました。"},
     {kAlarmExcursionText, "Alarm TLV-STEL (too many or too close excursions above TLV-TWA)",
@@ -506,13 +506,14 @@ constexpr Entry kEntries[] = {
     {kPrintToFileHintText, "The name of the file is asked for next.", "続いてファイル名を指定します。"},
     {kNoPrinterText, "No printer is installed. A PDF file can be written.",
      "プリンターがありません。PDF に出力できます。"},
+
     {kJournalFaultText,
-     "The readings cannot be written to the run's journal: %1. The measurement goes on, but if the program "
-     "ended unexpectedly now, they would be lost.",
-     "測定データを測定記録に書き込めません: %1。測定は継続しますが、"
-     "いまプログラムが異常終了すると、測定データは失われます。"},
+     "The measurement goes on, but its readings cannot be written to the run's journal. If the program ended "
+     "unexpectedly now, they would be lost: %1",
+     "測定は継続しますが、測定データを測定記録に書き込めません。いまプログラムが異常終了すると、"
+     "測定データは失われます: %1"},
     {kJournalBehindText,
-     "The disk is slow: readings wait for being written to the run's journal. The measurement goes on.",
+     "The disk is slow: readings are waiting to be written to the run's journal. The measurement goes on.",
      "ディスクの動作が遅く、測定記録への書き込みが遅れています。測定は継続します。"},
     {kJournalGoodText, "The run's journal is complete again.", "測定記録への書き込みが追いつきました。"},
     {kLeftOverRunText,
@@ -529,6 +530,8 @@ constexpr Entry kEntries[] = {
      "測定データ: %1 件、%1 から %1 まで、破損により除いた記録: %1、中断: %1"},
     {kRunGivenUpText, "Given up: %1", "破棄しました: %1"},
 
+    {kPortBackText, "Port back at %1; the measurement goes on",
+     "%1 にポートが再接続されました。測定を続けます。"},
     {kRecoveryTitleText, "Unsaved readings", "保存されていない測定データ"},
     {kRecoveryText, "The program ended before these readings were saved.",
      "プログラムが終了したため、次の測定データが保存されていません。"},
@@ -539,8 +542,8 @@ constexpr Entry kEntries[] = {
     {kSaveRecoveredText, "&Save as...", "名前を付けて保存(&S)..."},
     {kDiscardText, "&Discard...", "破棄(&D)..."},
     {kLaterText, "&Later", "後で(&L)"},
-    {kDiscardQuestionText, "These readings are in no file. Do you really want to discard them?",
-     "この測定データはファイルに保存されていません。本当に破棄しますか？"},
+    {kDiscardQuestionText, "These readings may be in no file. Do you really want to discard them?",
+     "この測定データはファイルに保存されていない可能性があります。本当に破棄しますか？"},
 
     {kPortLostGapText, "Gap: the port was lost, readings are missing",
      "中断: ポートの接続が切れ、測定値が抜けています"},
@@ -556,22 +559,20 @@ constexpr Entry kEntries[] = {
      "測定記録を書き込めません。測定が終わったらすぐに保存してください"},
     {kDiskSlowWarningText, "The disk is slow: the journal is behind the readings",
      "ディスクが遅く、測定記録の書き込みが遅れています"},
+
     {kStartAnywayText, "Start anyway?", "このまま測定を開始しますか？"},
     {kJournalUnwritableText,
      "Nothing can be written to the program's folder, so no journal of the measurement is kept: if the "
-     "computer or "
-     "the program fails, readings that are not saved are lost.\r\n%1",
-     "プログラムのフォルダーに書き込めないため、測定の記録（ジャーナル）を残せません。コンピューターや"
-     "プログラムが途中で停止すると、保存前の測定値は失われます。\r\n%1"},
+     "computer or the program fails, readings that are not saved are lost:",
+     "プログラムのフォルダーに書き込めないため、測定記録を残せません。コンピューターやプログラムが"
+     "途中で停止すると、保存前の測定値は失われます。"},
     {kDataFolderUnwritableText,
      "Nothing can be written to the folder for data files, or it is not there. Another one can be chosen "
-     "when the "
-     "measurement is saved.\r\n%1",
+     "when the measurement is saved:",
      "データ保存先のフォルダーに書き込めないか、フォルダーがありません。保存するときに別のフォルダーを"
-     "選択できます。\r\n%1"},
-    {kLittleSpaceText, "Only %1 MB are free on the disk of this folder.\r\n%1",
-     "このフォルダーのディスクの空き容量は %1 MB しかありません。\r\n%1"},
-
+     "選択できます。"},
+    {kLittleSpaceText, "Only %1 MB are free on the disk of this folder:",
+     "このフォルダーのディスクの空き容量は %1 MB しかありません。"},
 };
 
 static_assert(std::ranges::adjacent_find(kEntries, std::ranges::greater_equal{}, &Entry::id) ==

@@ -49,7 +49,7 @@ TEST(RunAdvice, TellsOfEachFolderWhatIsAmiss)
         for (const auto& [id, folder] : row.tells) {
             expected += expected.empty() ? "" : "\r\n\r\n";
             const std::string text = id == kLittleSpaceText ? FilledIn(texts[id], "115") : texts[id];
-            expected += FilledIn(text, folder);
+            expected.append(text).append("\r\n").append(folder);
         }
         EXPECT_EQ(RunAdvice(row.places, 65500, folders, texts), expected) << row.what;
     }
