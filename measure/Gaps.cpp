@@ -26,8 +26,8 @@ int NameOf(GapKind kind)
 
 std::span<const RunGap> GapsBefore(const MeasurementArrays& arrays, int sample)
 {
-    return {std::ranges::lower_bound(arrays.Gaps, sample, {}, &RunGap::before),
-            std::ranges::upper_bound(arrays.Gaps, sample, {}, &RunGap::before)};
+    const auto begin = std::ranges::lower_bound(arrays.Gaps, sample, {}, &RunGap::before);
+    return {begin, std::ranges::upper_bound(begin, arrays.Gaps.end(), sample, {}, &RunGap::before)};
 }
 
 std::string GapText(const RunGap& gap, const Texts& texts, const LocaleItems& locale)
