@@ -26,7 +26,8 @@ private:
     std::vector<Point> points_;
 };
 
-/// `samples` readings through the real main window at high speed; ends early after `seconds`.
+/// `samples` readings through the real main window at high speed; ends early after `seconds`, with 0 not at
+/// all.
 bool SoakWindow(int samples, int seconds);
 
 /// So many simulated hours of one line a second that comes in random pieces, with the plug pulled each hour.

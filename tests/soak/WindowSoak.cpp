@@ -33,7 +33,8 @@ bool SoakWindow(int samples, int seconds)
     w.Open();
 
     Consumption consumption;
-    const auto end = steady_clock::now() + std::chrono::seconds(seconds);
+    const auto end =
+        seconds > 0 ? steady_clock::now() + std::chrono::seconds(seconds) : steady_clock::time_point::max();
     int looked = -1;
     w.onPump = [&](long) {
         if (w.state.SampleCount / 200 == looked)
